@@ -2,52 +2,7 @@
 # ./run in a tree whose tools are stand-ins: when it makes a display, what reaches the program and what it gives back.
 source "$(dirname "${BASH_SOURCE[0]}")/support.sh"
 
-cp -r "$source_root/run" "$source_root/tools" "$source_root/CMakePresets.json" "$tree/"
-stand_in() { file "bin/$1" && chmod +x "$tree/bin/$1"; }
-
-stand_in dpkg-query <<'T'
-#!/bin/sh
-[ -n "$MISSING" ] && exit 1
-echo installed
-T
-stand_in apt-get <<'T'
-#!/bin/sh
-echo "E: Unable to locate package" >&2
-exit 100
-T
-stand_in apt-cache <<<'#!/bin/sh'
-stand_in id <<'T'
-#!/bin/sh
-echo 0
-T
-stand_in cmake <<'T'
-#!/bin/sh
-[ -n "$BROKEN" ] && { echo "broken.cpp:1: error: no such thing"; exit 1; }
-mkdir -p build/release/bin
-cp "$(dirname "$0")/kthost" build/release/bin/
-touch build/release/build.ninja
-echo "ninja: no work to do."
-T
-stand_in kthost <<'T'
-#!/bin/sh
-echo "display ${DISPLAY:-none}"
-for word; do echo "word $word"; done
-[ -n "$READ" ] && cat
-exit ${STATUS:-0}
-T
-stand_in xdpyinfo <<'T'
-#!/bin/sh
-[ "$DISPLAY" = :7 ]
-T
-stand_in Xvfb <<'T'
-#!/bin/sh
-echo $$ >"$XVFB_PID"
-echo 42 >&3
-exec 3>&-
-exec tail -f /dev/null
-T
-export PATH=$tree/bin:$PATH XVFB_PID=$scratch/xvfb STATUS='' BROKEN='' MISSING='' READ=''
-unset DISPLAY WAYLAND_DISPLAY KT_PRESET
+source "$source_root/tests/house/standIns.sh"
 
 expect_no_server_left()
 {
