@@ -1,0 +1,34 @@
+# How a test of ours is made: one GoogleTest program a room, each of its tests a CTest test of its own.
+include(GoogleTest)
+find_package(GTest REQUIRED)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
+
+set(KT_SCENES_DIR "${PROJECT_SOURCE_DIR}/../shared/scenes")
+
+# kt_add_test(NAME name SOURCES ... [LIBRARIES ...] LABEL label [SKIP_MAIN])
+# The main() of tests/support makes the one QApplication: on the caller's display for the label "gui", else off-screen.
+# SKIP_MAIN: the sources bring a main() of their own.
+function(kt_add_test)
+    cmake_parse_arguments(arg "SKIP_MAIN" "NAME;LABEL" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${arg_NAME} ${arg_SOURCES})
+    kt_configure_target(${arg_NAME})
+    set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests" AUTOMOC ON)
+    target_include_directories(${arg_NAME} PRIVATE "${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${arg_NAME} PRIVATE ${arg_LIBRARIES} GTest::gmock Qt5::Test Qt5::Widgets)
+    if(NOT arg_SKIP_MAIN)
+        target_sources(${arg_NAME} PRIVATE "${PROJECT_SOURCE_DIR}/tests/support/main.cpp")
+    endif()
+    target_compile_definitions(${arg_NAME} PRIVATE
+        KT_SCENES_DIR="${KT_SCENES_DIR}"
+        KT_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples"
+        KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>"
+        KT_BUILD_DIR="${CMAKE_BINARY_DIR}"
+        KT_TEST_ON_SCREEN=$<STREQUAL:${arg_LABEL},gui>)
+    # The plug-in is loaded at run time, so nothing else makes the test wait for it.
+    add_dependencies(${arg_NAME} ktAnimation)
+    gtest_discover_tests(${arg_NAME}
+        TEST_PREFIX "${arg_NAME}."
+        DISCOVERY_MODE PRE_TEST
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES LABELS "${arg_LABEL}" TIMEOUT 120)
+endfunction()

@@ -1,0 +1,7 @@
+#include "panel/ktAnimationGUIW.h"
+
+ktAnimationGUIW::ktAnimationGUIW(QWidget* parent, Qt::WindowFlags flags) : QMainWindow(parent, flags)
+{
+    setWindowTitle(QStringLiteral("Module"));
+    setupUi(this);
+}

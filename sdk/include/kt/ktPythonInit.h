@@ -1,0 +1,27 @@
+#pragma once
+
+#include <kt/Export.h>
+
+/// Registers, for as long as it lives, a callback that brings a Python module into the host's interpreter.
+/// Made as a static object of a plug-in, so that it is there from the load of the library on.
+class KT_EXPORT ktPythonInit
+{
+public:
+    /// Called with false when the interpreter is ready (at once, where it is ready already and the library has been set
+    /// up), and with true when it is about to end.
+    using Callback = void (*)(bool destroy);
+
+    /// A null callback is never called.
+    explicit ktPythonInit(Callback callback);
+    ~ktPythonInit();
+
+    ktPythonInit(const ktPythonInit&) = delete;
+    ktPythonInit& operator=(const ktPythonInit&) = delete;
+
+    /// For the host: calls every living callback, in order of construction, that has not been told of this state yet.
+    static void notify(bool destroy);
+
+private:
+    Callback _callback;
+    bool _isReady = false; ///< The callback was told of a ready interpreter, and not yet of its end.
+};

@@ -1,0 +1,4 @@
+#pragma once
+
+/// What libktHost.so shows to the outside. Everything else in it is hidden.
+#define KT_OSG_EXPORT __attribute__((visibility("default")))

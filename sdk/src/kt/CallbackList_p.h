@@ -1,0 +1,57 @@
+#pragma once
+
+#include <kt/ktLog.h>
+
+#include <algorithm>
+#include <exception>
+#include <vector>
+
+/// Function pointers in order of registration, each once. A call goes over a copy, so callbacks may register and take
+/// back callbacks; one that was taken back by an earlier callback of the same call is not called any more.
+template <class Callback>
+class CallbackList
+{
+public:
+    bool isEmpty() const { return _callbacks.empty(); }
+    int count() const { return static_cast<int>(_callbacks.size()); }
+
+    void add(Callback callback)
+    {
+        if (callback && !contains(callback))
+            _callbacks.push_back(callback);
+    }
+
+    void remove(Callback callback)
+    {
+        _callbacks.erase(std::remove(_callbacks.begin(), _callbacks.end(), callback), _callbacks.end());
+    }
+
+    /// Calls all and answers how many; `what` names the occasion where an exception has to be logged.
+    template <class... Arguments>
+    int call(const char* what, Arguments&&... arguments) const
+    {
+        int called = 0;
+        const std::vector<Callback> present = _callbacks;
+        for (Callback callback : present) {
+            if (!contains(callback))
+                continue;
+            ++called;
+            try {
+                callback(arguments...);
+            } catch (const std::exception& error) {
+                ktLog::error("%s: a callback failed: %s", what, error.what());
+            } catch (...) {
+                ktLog::error("%s: a callback failed with an unknown exception", what);
+            }
+        }
+        return called;
+    }
+
+private:
+    bool contains(Callback callback) const
+    {
+        return std::find(_callbacks.begin(), _callbacks.end(), callback) != _callbacks.end();
+    }
+
+    std::vector<Callback> _callbacks;
+};

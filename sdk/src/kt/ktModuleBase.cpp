@@ -1,0 +1,46 @@
+#include <kt/ktModuleBase.h>
+
+#include <algorithm>
+
+namespace
+{
+
+std::vector<ktModuleBase*>& livingModules()
+{
+    static std::vector<ktModuleBase*> all;
+    return all;
+}
+
+} // namespace
+
+ktModuleBase::ktModuleBase(const char* name, const char* title, unsigned int messages, QPixmap* pixmap)
+    : _name(QString::fromUtf8(name)), _title(QString::fromUtf8(title)), _messages(messages)
+{
+    if (pixmap)
+        _pixmap = *pixmap;
+    livingModules().push_back(this);
+}
+
+ktModuleBase::~ktModuleBase()
+{
+    auto& all = livingModules();
+    all.erase(std::remove(all.begin(), all.end(), this), all.end());
+}
+
+QWidget* ktModuleBase::getWidget() const
+{
+    return nullptr;
+}
+
+void ktModuleBase::init() {}
+
+void ktModuleBase::update() {}
+
+void ktModuleBase::loop() {}
+
+void ktModuleBase::receivedMessage(ktMessage&) {}
+
+const std::vector<ktModuleBase*>& ktModuleBase::modules()
+{
+    return livingModules();
+}

@@ -1,0 +1,38 @@
+#include <kt/ktPythonInit.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace
+{
+
+// Never destroyed: plug-ins' objects leave it while the process ends.
+std::vector<ktPythonInit*>& living()
+{
+    static auto* const instance = new std::vector<ktPythonInit*>;
+    return *instance;
+}
+
+} // namespace
+
+ktPythonInit::ktPythonInit(Callback callback) : _callback(callback)
+{
+    living().push_back(this);
+}
+
+ktPythonInit::~ktPythonInit()
+{
+    auto& all = living();
+    all.erase(std::remove(all.begin(), all.end(), this), all.end());
+}
+
+void ktPythonInit::notify(bool destroy)
+{
+    const std::vector<ktPythonInit*> present = living();
+    for (ktPythonInit* init : present) {
+        if (!init->_callback || init->_isReady != destroy)
+            continue;
+        init->_isReady = !destroy;
+        init->_callback(destroy);
+    }
+}
