@@ -10,6 +10,7 @@ file module/good.cpp <<'T'
 #include <kt/ktMessage.h>
 #include <osg/Node.h>
 #include <qkt/QKTWheelPrec.h>
+#include <Qt>
 #include <QString>
 #include <QtCore/QFile>
 #include <qglobal.h>
