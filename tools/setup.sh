@@ -44,9 +44,10 @@ missing_packages()
 # have_candidates PACKAGE...: apt knows where to get each of them, so its lists need no update.
 have_candidates()
 {
-    local package
+    local package policy
     for package; do
-        apt-cache policy "$package" 2>/dev/null | grep -q '^ *Candidate: [^(]' || return 1
+        policy=$(LC_ALL=C apt-cache policy "$package" 2>/dev/null)
+        [[ $policy == *"Candidate: "[^\(]* ]] || return 1
     done
 }
 

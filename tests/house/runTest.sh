@@ -64,9 +64,22 @@ expect_out ""
 expect_err "broken.cpp:1: error: no such thing"
 expect_err "run: building build/release failed"
 
+# Without package lists they are fetched first; with them they are not.
 MISSING=1 run "$tree/run" --headless --list
 expect_status 1
 expect_out ""
 expect_err "run: apt-get update failed: E: Unable to locate package"
+stand_in apt-cache <<'T'
+#!/bin/sh
+printf '%s:\n  Installed: (none)\n  Candidate: 1.0\n' "$2"
+T
+stand_in apt-get <<'T'
+#!/bin/sh
+for word; do [ "$word" = update ] && exit 100; done
+: >"$INSTALLED"
+T
+MISSING=1 INSTALLED=$scratch/installed run "$tree/run" --headless --list
+expect_status 0
+expect_err "run: installing "
 
 finish
