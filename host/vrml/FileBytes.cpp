@@ -1,0 +1,132 @@
+#include "host/vrml/FileBytes.h"
+
+#include <zlib.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <memory>
+
+namespace kthost
+{
+namespace
+{
+
+constexpr std::size_t chunkSize = 1 << 18;
+constexpr std::size_t unpackedLimit = 1 << 30;
+
+class FileDescriptor
+{
+public:
+    // Without waiting, so that a named pipe is refused below instead of hanging here.
+    explicit FileDescriptor(const std::string& path)
+        : _fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
+    {
+    }
+    ~FileDescriptor()
+    {
+        if (_fd >= 0)
+            ::close(_fd);
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    int get() const { return _fd; }
+
+private:
+    int _fd;
+};
+
+std::optional<std::string> failWithErrno(std::string& error)
+{
+    error = std::strerror(errno);
+    return std::nullopt;
+}
+
+bool isGzip(const std::string& bytes)
+{
+    return bytes.size() >= 2 && bytes[0] == '\x1f' && bytes[1] == '\x8b';
+}
+
+/// Unpacks every member of the stream; what follows the last one is ignored, as gzip does.
+std::optional<std::string> unpack(const std::string& packed, std::string& error)
+{
+    z_stream stream{};
+    constexpr int anyWindowWithGzipHeader = 15 + 16;
+    if (inflateInit2(&stream, anyWindowWithGzipHeader) != Z_OK) {
+        error = "out of memory";
+        return std::nullopt;
+    }
+    const std::unique_ptr<z_stream, int (*)(z_stream*)> end(&stream, inflateEnd);
+    // zlib takes the input as not const, and does not write to it.
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
+    stream.avail_in = static_cast<uInt>(packed.size());
+
+    std::string result;
+    for (;;) {
+        const std::size_t used = result.size();
+        result.resize(used + chunkSize);
+        stream.next_out = reinterpret_cast<Bytef*>(&result[used]);
+        stream.avail_out = static_cast<uInt>(chunkSize);
+        const int status = inflate(&stream, Z_NO_FLUSH);
+        result.resize(used + chunkSize - stream.avail_out);
+
+        if (status == Z_STREAM_END) {
+            if (stream.avail_in < 2 || stream.next_in[0] != 0x1f || stream.next_in[1] != 0x8b)
+                return result;
+            inflateReset(&stream);
+        } else if (status == Z_BUF_ERROR ||
+                   (status == Z_OK && stream.avail_in == 0 && stream.avail_out > 0)) {
+            error = "the gzip stream is cut short";
+            return std::nullopt;
+        } else if (status != Z_OK) {
+            error =
+                std::string("the gzip stream is damaged: ") + (stream.msg ? stream.msg : "no reason given");
+            return std::nullopt;
+        } else if (result.size() > unpackedLimit) {
+            error = "the gzip stream unpacks to more than a gigabyte";
+            return std::nullopt;
+        }
+    }
+}
+
+} // namespace
+
+std::optional<std::string> FileBytes::read(const std::string& path, std::string& error)
+{
+    const FileDescriptor file(path);
+    struct stat status
+    {
+    };
+    if (file.get() < 0 || ::fstat(file.get(), &status) != 0)
+        return failWithErrno(error);
+    if (!S_ISREG(status.st_mode)) {
+        error = S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file";
+        return std::nullopt;
+    }
+
+    std::string bytes;
+    for (;;) {
+        const std::size_t used = bytes.size();
+        const auto expected = static_cast<std::size_t>(status.st_size);
+        bytes.resize(used < expected ? expected + 1 : used + chunkSize);
+        const ssize_t count = ::read(file.get(), &bytes[used], bytes.size() - used);
+        if (count < 0 && errno != EINTR)
+            return failWithErrno(error);
+        bytes.resize(used + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        if (count == 0)
+            return bytes;
+    }
+}
+
+std::optional<std::string> FileBytes::readUnpacked(const std::string& path, std::string& error)
+{
+    std::optional<std::string> bytes = read(path, error);
+    return bytes && isGzip(*bytes) ? unpack(*bytes, error) : bytes;
+}
+
+} // namespace kthost

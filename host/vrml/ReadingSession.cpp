@@ -1,0 +1,224 @@
+#include "host/vrml/ReadingSession.h"
+
+#include "host/vrml/DefLexer.h"
+#include "host/vrml/FileBytes.h"
+#include "host/vrml/LocalUrl.h"
+#include "host/vrml/TextureImages.h"
+
+#include <Inventor/SoDB.h>
+#include <Inventor/SoInput.h>
+#include <Inventor/VRMLnodes/SoVRMLInline.h>
+#include <Inventor/errors/SoReadError.h>
+#include <Inventor/misc/SoProto.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace kthost
+{
+namespace
+{
+
+/// How many files may be open inside each other; more is taken for files that refer to each other without
+/// end.
+constexpr std::size_t deepestFile = 64;
+
+/// The library posts this once a process; SceneBuilder counts the scripts of each scene instead.
+constexpr const char* noScripts = "No script language evaluation engine available.";
+
+/// The folder that the library and the textures are looked up in, for the time of one file.
+class SearchFolder
+{
+public:
+    explicit SearchFolder(const std::string& folder)
+        : _folder(folder), _former(TextureImages::setFolder(folder))
+    {
+        SoInput::addDirectoryFirst(_folder.c_str());
+    }
+    ~SearchFolder()
+    {
+        SoInput::removeDirectory(_folder.c_str());
+        TextureImages::setFolder(_former);
+    }
+    SearchFolder(const SearchFolder&) = delete;
+    SearchFolder& operator=(const SearchFolder&) = delete;
+
+private:
+    std::string _folder;
+    std::string _former;
+};
+
+std::string located(const std::string& name, const ReaderMessage& message)
+{
+    const std::string line = message.line > 0 ? ", line " + std::to_string(message.line) : std::string();
+    return name + line + ": " + message.words;
+}
+
+/// The message that says why the reader gave up: of those that it posted last, at one line, the first one.
+/// What follows it are the callers' comments; what went before, at other lines, did not stop it.
+const ReaderMessage* reasonOf(const std::vector<ReaderMessage>& messages)
+{
+    const ReaderMessage* reason = nullptr;
+    for (auto message = messages.rbegin(); message != messages.rend(); ++message) {
+        if (!message->isReadError)
+            continue;
+        if (reason && message->line != reason->line)
+            break;
+        reason = &*message;
+    }
+    return reason;
+}
+
+std::string fileName(const std::string& path)
+{
+    return std::filesystem::path(path).filename().string();
+}
+
+} // namespace
+
+ReadingSession::ReadingSession(SceneReading& result)
+    : _result(result), _messages([this](ReaderMessage message) { receive(std::move(message)); })
+{
+    SoVRMLInline::setFetchURLCallBack(fetchInline, this);
+    SoProto::setFetchExternProtoCallback(fetchPrototype, this);
+}
+
+ReadingSession::~ReadingSession()
+{
+    SoVRMLInline::setFetchURLCallBack(nullptr, nullptr);
+    SoProto::setFetchExternProtoCallback(nullptr, nullptr);
+}
+
+CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::string& name,
+                                          std::string& error)
+{
+    std::error_code ignored;
+    OpenFile file{std::filesystem::weakly_canonical(path, ignored).string(),
+                  name,
+                  std::filesystem::path(path).parent_path().string(),
+                  {}};
+    if (file.folder.empty())
+        file.folder = ".";
+
+    std::string reason;
+    const bool isOpen = std::any_of(_files.begin(), _files.end(),
+                                    [&](const OpenFile& other) { return other.path == file.path; });
+    std::optional<std::string> bytes;
+    if (isOpen || _files.size() >= deepestFile)
+        reason = "the file refers to itself";
+    else
+        bytes = FileBytes::readUnpacked(path, reason);
+    if (bytes && bytes->empty())
+        reason = "the file is empty";
+    if (!reason.empty()) {
+        error = name + ": " + reason;
+        return {};
+    }
+    return parse(*bytes, std::move(file), error);
+}
+
+CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile file, std::string& error)
+{
+    const std::string text = DefLexer::rewrite(bytes, _result.names);
+    const SearchFolder folder(file.folder);
+    _files.push_back(std::move(file));
+    SoInput input;
+    input.setBuffer(text.data(), text.size());
+    CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
+    const OpenFile done = std::move(_files.back());
+    _files.pop_back();
+
+    if (!root) {
+        const ReaderMessage* reason = reasonOf(done.messages);
+        error =
+            reason ? located(done.name, *reason) : done.name + ": the reader refuses it and gives no reason";
+        return {};
+    }
+    for (const ReaderMessage& message : done.messages)
+        _result.warnings.add(located(done.name, message));
+    return root;
+}
+
+void ReadingSession::receive(ReaderMessage message)
+{
+    if (_files.empty() || message.words == noScripts)
+        return;
+    message.words = _result.names.translate(message.words);
+    _files.back().messages.push_back(std::move(message));
+}
+
+void ReadingSession::warn(const std::string& text)
+{
+    _result.warnings.add(_files.empty() ? text : _files.back().name + ": " + text);
+}
+
+void ReadingSession::fetchInline(const SbString& /*fullUrl*/, void* closure, SoVRMLInline* node)
+{
+    auto& session = *static_cast<ReadingSession*>(closure);
+    if (session._files.empty() || node->url.getNum() == 0)
+        return;
+    std::string problem;
+    for (int i = 0; i < node->url.getNum(); ++i) {
+        const LocalUrl file = LocalUrl::resolve(node->url[i].getString(), session._files.back().folder);
+        std::string error = file.problem;
+        if (!file.path.empty()) {
+            const CoinRef<SoVRMLGroup> scene = session.read(file.path, fileName(file.path), error);
+            if (scene) {
+                node->setChildData(scene.get());
+                return;
+            }
+        }
+        if (problem.empty())
+            problem = error;
+    }
+    session.warn("Inline left out: " + problem);
+}
+
+SoProto* ReadingSession::fetchPrototype(SoInput* input, const SbString* urls, int urlCount, void* closure)
+{
+    auto& session = *static_cast<ReadingSession*>(closure);
+    std::string problem;
+    for (int i = 0; i < urlCount; ++i) {
+        std::string error;
+        if (SoProto* prototype = session.findPrototype(urls[i].getString(), error))
+            return prototype;
+        if (problem.empty())
+            problem = error;
+    }
+    SoReadError::post(input, "EXTERNPROTO: %s", problem.empty() ? "it has no URL" : problem.c_str());
+    return nullptr;
+}
+
+SoProto* ReadingSession::findPrototype(const std::string& url, std::string& error)
+{
+    const LocalUrl file = LocalUrl::resolve(url, _files.empty() ? std::string() : _files.back().folder);
+    error = file.problem;
+    const CoinRef<SoVRMLGroup> library =
+        file.path.empty() ? CoinRef<SoVRMLGroup>() : readLibrary(file.path, error);
+    if (!library)
+        return nullptr;
+    for (int i = 0; i < library->getNumChildren(); ++i) {
+        SoNode* const child = library->getChild(i);
+        if (!child->isOfType(SoProto::getClassTypeId()))
+            continue;
+        auto* const prototype = static_cast<SoProto*>(child);
+        if (file.fragment.empty() || prototype->getProtoName() == file.fragment.c_str())
+            return prototype;
+    }
+    error = "'" + url + "' has no such PROTO";
+    return nullptr;
+}
+
+CoinRef<SoVRMLGroup> ReadingSession::readLibrary(const std::string& path, std::string& error)
+{
+    const auto known = _libraries.find(path);
+    if (known != _libraries.end())
+        return known->second;
+    CoinRef<SoVRMLGroup> scene = read(path, fileName(path), error);
+    if (scene)
+        _libraries.emplace(path, scene);
+    return scene;
+}
+
+} // namespace kthost

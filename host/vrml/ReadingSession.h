@@ -1,0 +1,57 @@
+#pragma once
+
+#include "host/vrml/ReaderMessages.h"
+#include "host/vrml/SceneReader.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+class SbString;
+class SoInput;
+class SoProto;
+class SoVRMLInline;
+
+namespace kthost
+{
+
+/// The reading of one scene file and of the files it refers to. Takes the library's fetch callbacks while it
+/// lives.
+class ReadingSession
+{
+public:
+    /// Names and warnings are collected in `result`, which must outlive the session.
+    explicit ReadingSession(SceneReading& result);
+    ~ReadingSession();
+    ReadingSession(const ReadingSession&) = delete;
+    ReadingSession& operator=(const ReadingSession&) = delete;
+
+    /// The scene in the file; null where it was refused, with the reason in `error`, which starts with
+    /// `name`.
+    CoinRef<SoVRMLGroup> read(const std::string& path, const std::string& name, std::string& error);
+
+private:
+    struct OpenFile
+    {
+        std::string path; ///< Canonical.
+        std::string name; ///< For messages.
+        std::string folder;
+        std::vector<ReaderMessage> messages;
+    };
+
+    static void fetchInline(const SbString& fullUrl, void* closure, SoVRMLInline* node);
+    static SoProto* fetchPrototype(SoInput* input, const SbString* urls, int urlCount, void* closure);
+
+    CoinRef<SoVRMLGroup> parse(const std::string& bytes, OpenFile file, std::string& error);
+    CoinRef<SoVRMLGroup> readLibrary(const std::string& path, std::string& error);
+    SoProto* findPrototype(const std::string& url, std::string& error);
+    void receive(ReaderMessage message);
+    void warn(const std::string& text);
+
+    SceneReading& _result;
+    ReaderMessages _messages;
+    std::vector<OpenFile> _files;                           ///< Being read, each named by the one before it.
+    std::map<std::string, CoinRef<SoVRMLGroup>> _libraries; ///< EXTERNPROTO files by path, read once each.
+};
+
+} // namespace kthost

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "host/vrml/CoinRef.h"
+
+#include <Inventor/fields/SoFieldContainer.h>
+
+#include <vector>
+
+class SoEngineOutput;
+class SoField;
+class SoNotList;
+
+namespace kthost
+{
+
+/// The fields that one output of a time sensor was routed to, taken over from the reader's routes.
+class RouteTargets
+{
+public:
+    RouteTargets() = default;
+
+    /// Takes the routes of `output` away and remembers where they led. The fields live as long as this.
+    explicit RouteTargets(SoEngineOutput& output);
+
+    bool isEmpty() const { return _targets.empty(); }
+
+    /// Writes the value to every target, as one event of `frame`. Value is SbBool, float or SbTime; it is
+    /// converted where a route leads to a field of another type.
+    template <class Value>
+    void send(Value value, const SoNotList& frame) const;
+
+private:
+    struct Target
+    {
+        SoField* field;
+        bool hasOutputType;
+        CoinRef<SoFieldContainer> owner;
+    };
+
+    std::vector<Target> _targets;
+};
+
+} // namespace kthost

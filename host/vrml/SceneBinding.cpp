@@ -1,0 +1,122 @@
+#include "host/vrml/SceneBinding.h"
+
+#include <osg/ChangeList.h>
+
+#include <Inventor/SbTime.h>
+#include <Inventor/SoDB.h>
+#include <Inventor/VRMLnodes/SoVRMLTimeSensor.h>
+#include <Inventor/misc/SoNotification.h>
+
+#include <cmath>
+#include <utility>
+
+namespace kthost
+{
+namespace
+{
+
+/// All that is sent within it is one event to the reader's scene; sensors of the library wait for its end.
+class Frame
+{
+public:
+    Frame() { SoDB::startNotify(); }
+    ~Frame() { SoDB::endNotify(); }
+    Frame(const Frame&) = delete;
+    Frame& operator=(const Frame&) = delete;
+
+    const SoNotList& list() const { return _list; }
+
+private:
+    SoNotList _list;
+};
+
+constexpr osg::FieldMask startFields = osg::TimeSensorBase::TimeFieldMask |
+                                       osg::TimeSensorBase::FractionFieldMask |
+                                       osg::TimeSensorBase::IsActiveFieldMask;
+
+void stopClockOf(SoVRMLTimeSensor& source)
+{
+    if (SoField* const clock = source.getField("timeIn"))
+        clock->disconnect();
+}
+
+} // namespace
+
+SceneBinding::SceneBinding(CoinRef<SoNode> root, const std::vector<TimeSensorLink>& links)
+    : _root(std::move(root))
+{
+    _sensors.reserve(links.size());
+    _routes.reserve(links.size());
+    for (const TimeSensorLink& link : links) {
+        stopClockOf(*link.source);
+        _places.emplace(link.sensor.get(), _sensors.size());
+        _sensors.push_back(link.sensor);
+        _routes.push_back({link.source, RouteTargets(link.source->fraction_changed),
+                           RouteTargets(link.source->time), RouteTargets(link.source->isActive),
+                           RouteTargets(link.source->cycleTime)});
+    }
+}
+
+bool SceneBinding::runsAtOnce(const SoVRMLTimeSensor& source)
+{
+    return source.enabled.getValue() && source.loop.getValue() &&
+           source.stopTime.getValue() <= source.startTime.getValue();
+}
+
+void SceneBinding::start(double now)
+{
+    const Frame frame;
+    for (std::size_t i = 0; i < _sensors.size(); ++i) {
+        if (!runsAtOnce(*_routes[i].source))
+            continue;
+        osg::TimeSensor& sensor = *_sensors[i];
+        sensor.setTime(now);
+        sensor.setStartTime(now);
+        sensor.setFraction(0.0F);
+        sensor.setActive(true);
+        send(sensor, startFields, _routes[i], frame.list());
+    }
+}
+
+void SceneBinding::apply(const osg::ChangeList& changes)
+{
+    const Frame frame;
+    for (const osg::ChangeList::Entry& change : changes.entries()) {
+        const auto place = _places.find(change.container.get());
+        if (place != _places.end())
+            send(*_sensors[place->second], change.mask, _routes[place->second], frame.list());
+    }
+}
+
+void SceneBinding::send(const osg::TimeSensor& sensor, osg::FieldMask mask, Routes& routes,
+                        const SoNotList& frame)
+{
+    const bool activeChanged =
+        (mask & osg::TimeSensorBase::IsActiveFieldMask) && sensor.isActive() != routes.sentActive;
+    if (activeChanged) {
+        routes.sentActive = sensor.isActive();
+        routes.sentCycle = -1.0;
+        routes.isActive.send(SbBool(sensor.isActive()), frame);
+    }
+    if ((mask & osg::TimeSensorBase::TimeFieldMask) && sensor.isActive())
+        sendCycle(sensor, routes, frame);
+    if (mask & osg::TimeSensorBase::TimeFieldMask)
+        routes.time.send(SbTime(sensor.getTime()), frame);
+    if (mask & osg::TimeSensorBase::FractionFieldMask)
+        routes.fraction.send(sensor.getFraction(), frame);
+}
+
+void SceneBinding::sendCycle(const osg::TimeSensor& sensor, Routes& routes, const SoNotList& frame)
+{
+    if (routes.cycleTime.isEmpty())
+        return;
+    const double elapsed = sensor.getTime() - sensor.getStartTime();
+    const double cycle =
+        sensor.getCycleInterval() > 0.0 ? std::floor(elapsed / sensor.getCycleInterval()) : 0.0;
+    if (cycle == routes.sentCycle)
+        return;
+    routes.sentCycle = cycle;
+    routes.cycleTime.send(SbTime(sensor.getTime()), frame);
+}
+
+} // namespace kthost

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "host/vrml/CoinRef.h"
+#include "host/vrml/RouteTargets.h"
+#include "host/vrml/SceneBuilder.h"
+
+#include <Inventor/nodes/SoNode.h>
+
+#include <cstddef>
+#include <unordered_map>
+#include <vector>
+
+namespace osg
+{
+class ChangeList;
+}
+
+namespace kthost
+{
+
+/// Lets the time sensors of the scene graph drive the reader's scene in place of its own sensors: what
+/// VRML97 6.50 sends from a TimeSensor goes along its routes when the fields of the osg::TimeSensor are
+/// edited. GUI thread.
+class SceneBinding
+{
+public:
+    /// Takes the routes over and stops the reader's sensors for good. Keeps the scene alive.
+    SceneBinding(CoinRef<SoNode> root, const std::vector<TimeSensorLink>& links);
+
+    /// For a scene that was just loaded: runs, from `now` on, each sensor that VRML97 runs at once (enabled,
+    /// loop TRUE, stopTime <= startTime) and shows its first moment. All others wait.
+    void start(double now);
+
+    /// Carries out what was edited: sends the fraction where it was written, written again with the same
+    /// value too, the time and the cycles that begin with it, and is-active where it is another than was sent
+    /// last. Entries of containers that are not bound are skipped.
+    void apply(const osg::ChangeList& changes);
+
+    /// The bound sensors in document order: those to advance in a frame.
+    const std::vector<osg::TimeSensorPtr>& sensors() const { return _sensors; }
+
+private:
+    struct Routes
+    {
+        SoVRMLTimeSensor* source;
+        RouteTargets fraction;
+        RouteTargets time;
+        RouteTargets isActive;
+        RouteTargets cycleTime;
+        bool sentActive = false;
+        double sentCycle =
+            -1.0; ///< Number of the cycle, from 0, that was announced last; -1 before the first.
+    };
+
+    static bool runsAtOnce(const SoVRMLTimeSensor& source);
+    static void send(const osg::TimeSensor& sensor, osg::FieldMask mask, Routes& routes,
+                     const SoNotList& frame);
+    static void sendCycle(const osg::TimeSensor& sensor, Routes& routes, const SoNotList& frame);
+
+    CoinRef<SoNode> _root;
+    std::vector<osg::TimeSensorPtr> _sensors;
+    std::vector<Routes> _routes; ///< Of the sensor at the same place.
+    std::unordered_map<const osg::FieldContainer*, std::size_t> _places;
+};
+
+} // namespace kthost

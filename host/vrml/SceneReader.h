@@ -1,0 +1,38 @@
+#pragma once
+
+#include "host/vrml/CoinRef.h"
+#include "host/vrml/NodeNames.h"
+#include "host/vrml/SceneWarnings.h"
+
+#include <Inventor/VRMLnodes/SoVRMLGroup.h>
+
+#include <string>
+
+namespace kthost
+{
+
+/// What became of reading a scene file.
+struct SceneReading
+{
+    CoinRef<SoVRMLGroup> root; ///< The reader's scene; null where the file was refused.
+    NodeNames names;           ///< The node names, which the reader's nodes have stand-ins for.
+    SceneWarnings warnings;
+    std::string
+        error; ///< One line with the file, the line and the reader's words; empty where the file was read.
+
+    explicit operator bool() const { return static_cast<bool>(root); }
+};
+
+/// Reads VRML97 files, plain or packed with gzip, with all that they refer to in the local file system:
+/// Inline and EXTERNPROTO files and textures, each looked up from the folder of the file that names it.
+/// Nothing is fetched from elsewhere. What is missing costs a warning, only a missing EXTERNPROTO costs the
+/// file.
+class SceneReader
+{
+public:
+    /// The scene in the file at `path`. Leaves every other scene as it is, so it serves for a mere check as
+    /// well. GUI thread, or a process of its own.
+    static SceneReading read(const std::string& path);
+};
+
+} // namespace kthost

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+class SbImage;
+
+namespace kthost
+{
+
+/// Texture images, decoded by Qt: the formats that its installed image plug-ins know, PNG and JPEG among
+/// them.
+class TextureImages
+{
+public:
+    /// Makes the library ask us for the images of ImageTexture and Background nodes.
+    static void install();
+
+    /// Where relative URLs are looked up from now on, and the folder they were looked up in so far.
+    static std::string setFolder(std::string folder);
+
+    /// Reads an image file of the local file system into `image`, with as many components a pixel as it
+    /// needs. False where it is missing, no image, or larger than 16384 pixels a side; `image` is then as it
+    /// was.
+    static bool read(const std::string& path, SbImage& image);
+};
+
+} // namespace kthost
