@@ -63,7 +63,7 @@ need_packages()
     [ ${#missing[@]} -gt 0 ] || return 0
     [ "$(id -u)" = 0 ] || command -v sudo >/dev/null ||
         fail "packages are missing, and there is no sudo to install them with: ${missing[*]}"
-    say "installing ${#missing[@]} packages: ${missing[*]}"
+    say "installing the packages ${missing[*]}"
     mkdir -p "$kt_root/build"
     local log=$kt_root/build/packages.log updated=
     : >"$log" || fail "cannot write $log"
@@ -77,13 +77,19 @@ need_packages()
         update_lists "$log"
         apt_get install --no-install-recommends "${missing[@]}" 2>&1 | follow "$log" && return
     fi
-    fail "could not install the packages ${missing[*]}: $(grep -m 1 -E '^(E:|sudo:)' "$log" || echo "see $log")"
+    fail "could not install the packages ${missing[*]}: $(reason "$log")"
 }
 
 update_lists()
 {
     say "fetching the package lists"
-    apt_get update 2>&1 | follow "$1" || fail "apt-get update failed: $(grep -m 1 -E '^(E:|sudo:)' "$1" || echo "see $1")"
+    apt_get update 2>&1 | follow "$1" || fail "apt-get update failed: $(reason "$1")"
+}
+
+# reason LOG: why it failed. Of sudo's lines the last one tells, of apt's the first.
+reason()
+{
+    grep '^sudo: ' "$1" | tail -n 1 | grep . || grep -m 1 '^E: ' "$1" || echo "see $1"
 }
 
 # follow LOG: keeps what comes in, and shows a sign of life now and then.

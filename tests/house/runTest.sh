@@ -80,6 +80,6 @@ for word; do [ "$word" = update ] && exit 100; done
 T
 MISSING=1 INSTALLED=$scratch/installed run "$tree/run" --headless --list
 expect_status 0
-expect_err "run: installing "
+expect_err "run: installing the packages g++ "
 
 finish
