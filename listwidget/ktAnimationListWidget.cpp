@@ -24,7 +24,8 @@ QString keyText(Qt::Key key)
 
 } // namespace
 
-ktAnimationListWidget::ktAnimationListWidget(QWidget* parent, const char*, Qt::WindowFlags) : QListWidget(parent)
+ktAnimationListWidget::ktAnimationListWidget(QWidget* parent, const char*, Qt::WindowFlags)
+    : QListWidget(parent)
 {
     setAcceptDrops(false);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -40,8 +41,9 @@ ktAnimationListWidget::ktAnimationListWidget(QWidget* parent, const char*, Qt::W
 
 void ktAnimationListWidget::buildMenu()
 {
-    // The entries have no shortcuts of their own: what stands after the tab is shown as the key, and keyPressEvent() acts
-    // on it while the list has the focus. The letter of Reset is translated with its entry; the other keys are the host's.
+    // The entries have no shortcuts of their own: what stands after the tab is shown as the key, and
+    // keyPressEvent() acts on it while the list has the focus. The letter of Reset is translated with its
+    // entry; the other keys are the host's.
     const struct
     {
         QString text;

@@ -8,8 +8,8 @@
 class QDrag;
 class QMenu;
 
-/// The list of animations with its context menu and its keys. Acts on all selected rows, by their display text as Latin-1,
-/// through the one ktAnimation; rows come and go by the module only.
+/// The list of animations with its context menu and its keys. Acts on all selected rows, by their display
+/// text as Latin-1, through the one ktAnimation; rows come and go by the module only.
 class ktAnimationListWidget : public QListWidget
 {
     Q_OBJECT

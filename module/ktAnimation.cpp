@@ -15,7 +15,8 @@
 namespace
 {
 
-constexpr unsigned int subscription = ktMessageId::SceneCleared | ktMessageId::Project | ktMessageId::SceneChanged;
+constexpr unsigned int subscription =
+    ktMessageId::SceneCleared | ktMessageId::Project | ktMessageId::SceneChanged;
 
 struct NamedCallback
 {
@@ -64,9 +65,10 @@ void ktAnimation::init() {}
 
 void ktAnimation::dockPanel()
 {
-    ktController::getDockWindowManager()->add(
-        "VRML Animation", QStringLiteral("Animation"), _main, QStringLiteral("Vidhint_Animation"),
-        ktIconManager::getIcon("ModuleAnimation", ""), tr("VRML Animation"), Qt::NoDockWidgetArea, true, nullptr);
+    ktController::getDockWindowManager()->add("VRML Animation", QStringLiteral("Animation"), _main,
+                                              QStringLiteral("Vidhint_Animation"),
+                                              ktIconManager::getIcon("ModuleAnimation", ""),
+                                              tr("VRML Animation"), Qt::NoDockWidgetArea, true, nullptr);
 }
 
 void ktAnimation::connectPanel()
@@ -83,7 +85,8 @@ void ktAnimation::connectPanel()
     _main->_cycle_interval->setMinimum(0.0);
     connect(_main->_cycle_interval, SIGNAL(valueChanged(double)), SLOT(changedCycleInterval(double)));
 
-    // The step is the single-precision 0.01: the fraction field that it steps through is single-precision too.
+    // The step is the single-precision 0.01: the fraction field that it steps through is single-precision
+    // too.
     _main->_fraction->setSingleStep(static_cast<double>(0.01F));
     _main->_fraction->setMinimum(0.0);
     _main->_fraction->setMaximum(1.0);

@@ -12,9 +12,9 @@ class QListWidgetItem;
 class ktAnimationGUIW;
 class ktMessage;
 
-/// The animation module: keeps a record for each animation of the scene, and lets the panel, host messages, hotkeys and
-/// scripts drive them. There is one object, which initPlugin() makes; everything runs on the GUI thread.
-/// Its operations live in a folder a subsystem; each group below names its folder.
+/// The animation module: keeps a record for each animation of the scene, and lets the panel, host messages,
+/// hotkeys and scripts drive them. There is one object, which initPlugin() makes; everything runs on the GUI
+/// thread. Its operations live in a folder a subsystem; each group below names its folder.
 class ktAnimation : public ktModuleBase
 {
     Q_OBJECT
@@ -26,7 +26,8 @@ public:
     /// The panel; made in construction, owned by the host's main window.
     static ktAnimationGUIW* _main;
 
-    /// Builds and docks the panel, connects it, registers the message and key callbacks. Does not look at the scene.
+    /// Builds and docks the panel, connects it, registers the message and key callbacks. Does not look at the
+    /// scene.
     ktAnimation();
 
     /// Takes the callbacks back. An exception from the host ends the process.
@@ -36,7 +37,8 @@ public:
     void init() override;
     void receivedMessage(ktMessage& message) override;
 
-    // registry/records.cpp: names are UTF-8, null is read as empty; a node without a time sensor core is passed over.
+    // registry/records.cpp: names are UTF-8, null is read as empty; a node without a time sensor core is
+    // passed over.
     ktAnimationInfo* findAnimation(ktNodePtr node);
     ktAnimationInfo* findAnimation(const char* name);
     void insertAnimation(ktNodePtr node);
@@ -48,10 +50,12 @@ public:
     void clearAnimations();
 
     // registry/sceneScan.cpp
-    /// Brings the registry in line with the time sensors of the scene and shows it; nothing is selected afterwards.
+    /// Brings the registry in line with the time sensors of the scene and shows it; nothing is selected
+    /// afterwards.
     void refreshAnimations();
 
-    // registry/playback.cpp: drive every time sensor of the name, which is the node's, byte for byte. No record is needed.
+    // registry/playback.cpp: drive every time sensor of the name, which is the node's, byte for byte. No
+    // record is needed.
     void startAnimation(const char* name);
     void stopAnimation(const char* name);
     void toggleAnimation(const char* name);
@@ -63,7 +67,8 @@ public:
     /// Writes comments and hotkeys into the project's attribute "Animations".
     void animationSave(ktMessage& project);
 
-    /// Replaces the registry by what the project's attribute "Animations" says; nothing changes where it says nothing.
+    /// Replaces the registry by what the project's attribute "Animations" says; nothing changes where it says
+    /// nothing.
     void animationLoad(ktMessage& project);
 
     // module/messageDispatch.cpp: the attribute "animation-name" of the message names the animation.
@@ -75,7 +80,8 @@ public:
     static void animResetCB(ktMessage& message);
 
     // module/hotkeyTrigger.cpp
-    /// Fires every hotkey that equals the Qt key code and modifiers; accepts the event (null: none) where one did.
+    /// Fires every hotkey that equals the Qt key code and modifiers; accepts the event (null: none) where one
+    /// did.
     static void pressedKey(int key, int, int modifiers, QEvent* event);
 
 public slots:

@@ -48,7 +48,8 @@ QKTWheelPrec* makeWheel(QWidget* parent, const char* name)
 }
 
 /// Takes up the room that its row or column leaves.
-QFrame* makeFiller(QWidget* parent, const char* name, QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical)
+QFrame* makeFiller(QWidget* parent, const char* name, QSizePolicy::Policy horizontal,
+                   QSizePolicy::Policy vertical)
 {
     QFrame* filler = named(new QFrame(parent), name);
     setPolicy(filler, horizontal, vertical);
@@ -161,8 +162,10 @@ void Ui_ktAnimationGUI::buildHotkeyFrame()
         QFrame*& filler;
         const char* fillerName;
     } rows[] = {
-        {textLabel1_3, "textLabel1_3", _startModifier, "_startModifier", _startKey, "_startKey", frame_2, "frame_2"},
-        {textLabel1_4, "textLabel1_4", _stopModifier, "_stopModifier", _stopKey, "_stopKey", frame_3, "frame_3"},
+        {textLabel1_3, "textLabel1_3", _startModifier, "_startModifier", _startKey, "_startKey", frame_2,
+         "frame_2"},
+        {textLabel1_4, "textLabel1_4", _stopModifier, "_stopModifier", _stopKey, "_stopKey", frame_3,
+         "frame_3"},
     };
     int number = 0;
     for (const auto& row : rows) {

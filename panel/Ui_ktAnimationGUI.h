@@ -16,8 +16,8 @@
 #include <QStatusBar>
 
 /// The panel's form: a list on the left; on the right three folding frames for comment, hotkeys and timing.
-/// Written by hand, since its combo boxes are emptied and filled again at each retranslation. Every widget's object name
-/// is its member's name.
+/// Written by hand, since its combo boxes are emptied and filled again at each retranslation. Every widget's
+/// object name is its member's name.
 class Ui_ktAnimationGUI
 {
 public:
@@ -55,7 +55,8 @@ public:
     QFrame* frame_4;
     QStatusBar* statusbar;
 
-    /// Builds the form in `window`, fills in the texts and sets the focus order. The widgets are the window's.
+    /// Builds the form in `window`, fills in the texts and sets the focus order. The widgets are the
+    /// window's.
     void setupUi(QMainWindow* window);
 
     /// Sets title, captions, labels and combo box items again; the boxes go back to their empty first item.

@@ -55,7 +55,8 @@ void ktAnimation::animationRenamed(QListWidgetItem* item, int, const QString&)
 {
     if (!_current || !item)
         return;
-    // Looked up as Latin-1, unlike the other edits; the record takes the new name whether or not a node was found.
+    // Looked up as Latin-1, unlike the other edits; the record takes the new name whether or not a node was
+    // found.
     const std::vector<ktNodePtr> nodes = ktScenegraph::findNodes(_current->name.toLatin1().constData());
     _current->name = item->data(Qt::DisplayRole).toString();
     const QByteArray name = _current->name.toUtf8();

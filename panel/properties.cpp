@@ -30,7 +30,8 @@ QString chosenHotkey(const QComboBox* modifier, const QComboBox* key)
 void ktAnimation::animationDisplayProperties()
 {
     if (!_current) {
-        for (QComboBox* box : {_main->_stopKey, _main->_stopModifier, _main->_startKey, _main->_startModifier})
+        for (QComboBox* box :
+             {_main->_stopKey, _main->_stopModifier, _main->_startKey, _main->_startModifier})
             box->setEnabled(false);
         _main->_comment->setText(QString());
         _main->_comment->setEnabled(false);
@@ -42,11 +43,12 @@ void ktAnimation::animationDisplayProperties()
     _main->_comment->setEnabled(true);
 
     // The fraction wheel is never loaded: it keeps what it was last set to.
-    forEachTimeSensor(_current->name.toUtf8().constData(), [](const ktNodePtr&, const osg::TimeSensorPtr& sensor) {
-        _main->_cycle_interval->blockSignals(true);
-        _main->_cycle_interval->setValue(sensor->getCycleInterval());
-        _main->_cycle_interval->blockSignals(false);
-    });
+    forEachTimeSensor(_current->name.toUtf8().constData(),
+                      [](const ktNodePtr&, const osg::TimeSensorPtr& sensor) {
+                          _main->_cycle_interval->blockSignals(true);
+                          _main->_cycle_interval->setValue(sensor->getCycleInterval());
+                          _main->_cycle_interval->blockSignals(false);
+                      });
 }
 
 void ktAnimation::startKeyChange(const QString&)

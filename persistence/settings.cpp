@@ -2,6 +2,7 @@
 #include "persistence/getFromMessage.h"
 #include "persistence/ktHotkey.h"
 
+#include <utility>
 #include <vector>
 
 namespace
@@ -51,12 +52,14 @@ void ktAnimation::animationLoad(ktMessage& project)
         const std::string* group = &strings[i * stringsPerAnimation];
         if (findAnimation(group[0].c_str()))
             continue;
-        ktAnimationInfo& animation = appendRecord(restored(group[0]));
+        ktAnimationInfo animation; // joins the registry when it is whole
+        animation.name = restored(group[0]);
         animation.comment = restored(group[1]);
         animation.startHotkey = restored(group[2]);
         animation.stopHotkey = restored(group[3]);
         ktHotkey::mapHotkey(animation.startHotkey, animation.startKey, animation.startModifier);
         ktHotkey::mapHotkey(animation.stopHotkey, animation.stopKey, animation.stopModifier);
+        _animations.push_back(std::move(animation));
     }
     animationDisplayList();
     animationDisplayProperties();

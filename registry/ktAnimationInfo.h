@@ -9,7 +9,7 @@ struct ktAnimationInfo
     /// Matches no key code, so a fresh record is never triggered.
     static constexpr int NoKey = -1;
 
-    QString name;          ///< The node's name: the key, compared exactly.
+    QString name; ///< The node's name: the key, compared exactly.
     QString comment;
     QString startHotkey;   ///< As text, such as "Shift-Ctrl A"; see ktHotkey.
     int startKey = NoKey;  ///< Qt key code decoded from startHotkey.

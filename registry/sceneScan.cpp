@@ -25,9 +25,9 @@ void ktAnimation::refreshAnimations()
             appendRecord(name);
     }
 
-    // A vanished animation is removed by its name as Latin-1, not by its pointer: one whose name has characters outside
-    // ASCII stays, and users rely on its comment and hotkeys being there when the node comes back. The names are taken
-    // beforehand, since such a name can also hit another record of the set.
+    // A vanished animation is removed by its name as Latin-1, not by its pointer: one whose name has
+    // characters outside ASCII stays, and users rely on its comment and hotkeys being there when the node
+    // comes back. The names are taken beforehand, since such a name can also hit another record of the set.
     std::vector<QByteArray> vanished;
     for (const ktAnimationInfo* animation : unmatched)
         vanished.push_back(animation->name.toLatin1());

@@ -7,9 +7,9 @@
 namespace NodeUtils
 {
 
-/// What a node is called: the text of its name attachment, else that of its core's, else the name of the core's type
-/// (so every unnamed time sensor is a "TimeSensor"). Null for a null node, and for one with neither name nor core.
-/// The text belongs to the attachment or to the type: copy it at once.
+/// What a node is called: the text of its name attachment, else that of its core's, else the name of the
+/// core's type (so every unnamed time sensor is a "TimeSensor"). Null for a null node, and for one with
+/// neither name nor core. The text belongs to the attachment or to the type: copy it at once.
 KT_EXPORT const char* getName(const osg::NodePtr& node);
 
 } // namespace NodeUtils

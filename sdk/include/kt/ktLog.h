@@ -15,6 +15,7 @@ public:
     static void warning(const char* format, ...) __attribute__((format(printf, 1, 2)));
     static void error(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
-    /// For the host: where lines go. Without a sink (null) warnings and errors go to the standard error stream.
+    /// For the host: where lines go. Without a sink (null) warnings and errors go to the standard error
+    /// stream.
     static void setSink(Sink sink);
 };

@@ -25,13 +25,13 @@ public:
     const boost::any& get(const std::string& key) const;
 
     /// Reads the value under `key` into `out` and answers true, if it is held as exactly the type T.
-    /// A missing key answers false. Another type, or an empty value (which counts as `void`), answers false and says so
-    /// on the standard error stream, with the call stack. `out` is left as it is by every false.
+    /// A missing key answers false. Another type, or an empty value (which counts as `void`), answers false
+    /// and says so on the standard error stream, with the call stack. `out` is left as it is by every false.
     template <class T>
     bool get(const std::string& key, T& out) const;
 
-    /// Stores `value` under `key`, in place of an older one. `persistent` says whether the attribute is written to the
-    /// project's file where the message is the project; for other messages it has no effect.
+    /// Stores `value` under `key`, in place of an older one. `persistent` says whether the attribute is
+    /// written to the project's file where the message is the project; for other messages it has no effect.
     void set(const std::string& key, const boost::any& value, bool persistent = true);
 
     /// Takes the attribute away; a missing one is ignored.
@@ -60,8 +60,8 @@ bool ktMessage::get(const std::string& key, T& out) const
     // Compared by name, since each library of the process may have its own type_info of the type.
     const std::string held = found->second.type().name();
     if (held != typeid(T).name()) {
-        std::fprintf(stderr, "ktMessage::get : Attribute '%s' has wrong type (is:'%s' != req:'%s')!\n", key.c_str(),
-                     held.c_str(), typeid(T).name());
+        std::fprintf(stderr, "ktMessage::get : Attribute '%s' has wrong type (is:'%s' != req:'%s')!\n",
+                     key.c_str(), held.c_str(), typeid(T).name());
         printBT();
         return false;
     }

@@ -18,8 +18,8 @@ class KT_EXPORT ktModuleBase : public QObject
     Q_OBJECT
 
 public:
-    /// `name` identifies the module, `title` is shown to users; null is read as empty. `messages` is the set of message ids
-    /// (see ktMessageId) that receivedMessage() is to get. `pixmap` is copied; null for none.
+    /// `name` identifies the module, `title` is shown to users; null is read as empty. `messages` is the set
+    /// of message ids (see ktMessageId) that receivedMessage() is to get. `pixmap` is copied; null for none.
     ktModuleBase(const char* name, const char* title, unsigned int messages, QPixmap* pixmap);
     ~ktModuleBase() override;
 

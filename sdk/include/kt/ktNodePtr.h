@@ -5,8 +5,8 @@
 
 #include <utility>
 
-/// A copyable handle to a node of the scene, null by default. Keeps the node alive; hold it no longer than an operation
-/// takes.
+/// A copyable handle to a node of the scene, null by default. Keeps the node alive; hold it no longer than an
+/// operation takes.
 class KT_EXPORT ktNodePtr
 {
 public:

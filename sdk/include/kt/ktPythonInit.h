@@ -7,8 +7,8 @@
 class KT_EXPORT ktPythonInit
 {
 public:
-    /// Called with false when the interpreter is ready (at once, where it is ready already and the library has been set
-    /// up), and with true when it is about to end.
+    /// Called with false when the interpreter is ready (at once, where it is ready already and the library
+    /// has been set up), and with true when it is about to end.
     using Callback = void (*)(bool destroy);
 
     /// A null callback is never called.
@@ -18,7 +18,8 @@ public:
     ktPythonInit(const ktPythonInit&) = delete;
     ktPythonInit& operator=(const ktPythonInit&) = delete;
 
-    /// For the host: calls every living callback, in order of construction, that has not been told of this state yet.
+    /// For the host: calls every living callback, in order of construction, that has not been told of this
+    /// state yet.
     static void notify(bool destroy);
 
 private:

@@ -8,8 +8,8 @@ class KT_EXPORT ktScript
 public:
     using Runner = bool (*)(const char* statement);
 
-    /// Runs one statement in the host's script namespace; false where it raised or where there is no interpreter (or no
-    /// statement: null), which the log then tells.
+    /// Runs one statement in the host's script namespace; false where it raised or where there is no
+    /// interpreter (or no statement: null), which the log then tells.
     static bool run(const char* statement);
 
     /// For the host: who runs statements; null for nobody.

@@ -7,8 +7,8 @@
 namespace osg
 {
 
-/// What was edited since the list was last drained, in the order of the edits. An entry an edit; the list owns a
-/// reference to what it names.
+/// What was edited since the list was last drained, in the order of the edits. An entry an edit; the list
+/// owns a reference to what it names.
 class KT_OSG_EXPORT ChangeList
 {
 public:

@@ -19,7 +19,10 @@ public:
     FieldContainerPtr(std::nullptr_t) {}
     explicit FieldContainerPtr(FieldContainer* container) : _container(container) { retain(); }
     FieldContainerPtr(const FieldContainerPtr& other) : _container(other._container) { retain(); }
-    FieldContainerPtr(FieldContainerPtr&& other) noexcept : _container(std::exchange(other._container, nullptr)) {}
+    FieldContainerPtr(FieldContainerPtr&& other) noexcept
+        : _container(std::exchange(other._container, nullptr))
+    {
+    }
     ~FieldContainerPtr() { release(); }
 
     FieldContainerPtr& operator=(FieldContainerPtr other) noexcept

@@ -10,7 +10,8 @@ namespace osg
 class KT_OSG_EXPORT FieldContainerType : public TypeBase
 {
 public:
-    /// Opens a group of its own where `parent` is null or `ownGroup` is set; else it shares its parent's group.
+    /// Opens a group of its own where `parent` is null or `ownGroup` is set; else it shares its parent's
+    /// group.
     FieldContainerType(const char* name, const FieldContainerType* parent, bool ownGroup = false);
 
     /// The id of the group, which is the id of the type that opened it.

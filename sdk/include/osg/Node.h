@@ -37,8 +37,8 @@ public:
     /// `index` is below getNChildren().
     const NodePtr& getChild(std::size_t index) const { return _children[index]; }
 
-    /// Appends a child, taking it off its present parent first. Null, the node itself and its ancestors are refused
-    /// with false.
+    /// Appends a child, taking it off its present parent first. Null, the node itself and its ancestors are
+    /// refused with false.
     bool addChild(const NodePtr& child);
 
     /// Takes a child off; false where it is none of ours.

@@ -20,10 +20,10 @@ public:
 
     /// Lets a running sensor follow the simulation time `now`, and closes the edit; true where it ran.
     /// One that is disabled, inactive or stopped is left untouched.
-    /// Fraction (VRML97 6.50): the fractional part of elapsed / cycle interval, and 1 where a positive elapsed time is a
-    /// whole number of cycles; 0 before the start time. A sensor that does not loop ends with its first cycle: fraction 1,
-    /// inactive. A cycle interval that is not above 0 counts as a finished cycle.
-    /// Masks: time and fraction, and is-active in the frame in which it ends.
+    /// Fraction (VRML97 6.50): the fractional part of elapsed / cycle interval, and 1 where a positive
+    /// elapsed time is a whole number of cycles; 0 before the start time. A sensor that does not loop ends
+    /// with its first cycle: fraction 1, inactive. A cycle interval that is not above 0 counts as a finished
+    /// cycle. Masks: time and fraction, and is-active in the frame in which it ends.
     bool advance(double now);
 
 protected:

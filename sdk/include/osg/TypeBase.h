@@ -13,8 +13,8 @@ namespace osg
 class KT_OSG_EXPORT TypeBase
 {
 public:
-    /// Registers the type in the TypeRegistry. `name` is copied; null is read as empty. `parent` is null for a
-    /// root type, else it must outlive this one.
+    /// Registers the type in the TypeRegistry. `name` is copied; null is read as empty. `parent` is null for
+    /// a root type, else it must outlive this one.
     TypeBase(const char* name, const TypeBase* parent);
 
     /// Takes the type out of the registry.

@@ -6,8 +6,9 @@
 #include <exception>
 #include <vector>
 
-/// Function pointers in order of registration, each once. A call goes over a copy, so callbacks may register and take
-/// back callbacks; one that was taken back by an earlier callback of the same call is not called any more.
+/// Function pointers in order of registration, each once. A call goes over a copy, so callbacks may register
+/// and take back callbacks; one that was taken back by an earlier callback of the same call is not called any
+/// more.
 template <class Callback>
 class CallbackList
 {

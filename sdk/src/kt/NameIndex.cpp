@@ -49,7 +49,8 @@ std::vector<ktNodePtr> NameIndex::find(const std::vector<std::string>& names)
         if (found != _places.end())
             all.insert(all.end(), found->second.begin(), found->second.end());
     }
-    std::sort(all.begin(), all.end(), [](const Place& a, const Place& b) { return isBefore(a.order, b.order); });
+    std::sort(all.begin(), all.end(),
+              [](const Place& a, const Place& b) { return isBefore(a.order, b.order); });
     std::vector<ktNodePtr> nodes;
     for (std::size_t i = 0; i < all.size(); ++i) {
         if (i == 0 || all[i].order != all[i - 1].order)
@@ -86,8 +87,9 @@ void NameIndex::refresh()
 void NameIndex::add(const osg::NodePtr& node, std::uint64_t order)
 {
     Places& places = _places[nameOf(node)];
-    const auto next = std::upper_bound(places.begin(), places.end(), order,
-                                       [](std::uint64_t o, const Place& place) { return isBefore(o, place.order); });
+    const auto next =
+        std::upper_bound(places.begin(), places.end(), order,
+                         [](std::uint64_t o, const Place& place) { return isBefore(o, place.order); });
     places.insert(next, {order, node});
 }
 

@@ -20,7 +20,8 @@ public:
     std::vector<ktNodePtr> find(const std::string& name);
     std::vector<ktNodePtr> find(const std::vector<std::string>& names);
 
-    /// Calls `rename`, which changes nothing in the tree but the name of `node`, and follows that one change.
+    /// Calls `rename`, which changes nothing in the tree but the name of `node` and of those that share its
+    /// name attachment, and follows the change.
     template <class Rename>
     void followRename(const osg::NodePtr& node, Rename&& rename);
 
@@ -49,7 +50,8 @@ void NameIndex::followRename(const osg::NodePtr& node, Rename&& rename)
     std::uint64_t order = 0;
     const bool isFollowed = isFresh() && takeOut(node, order);
     rename();
-    if (!isFollowed) {
+    // More than one edit: a name attachment that hangs on other nodes too has renamed those as well.
+    if (!isFollowed || _root->getStructureRevision() != _revision + 1) {
         _isBuilt = false;
         return;
     }

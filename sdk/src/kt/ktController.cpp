@@ -33,9 +33,11 @@ void deliverTo(ktModuleBase& module, ktMessage& message)
     try {
         module.receivedMessage(message);
     } catch (const std::exception& error) {
-        ktLog::error("%s: message %u failed: %s", qPrintable(module.moduleName()), message.id(), error.what());
+        ktLog::error("%s: message %u failed: %s", qPrintable(module.moduleName()), message.id(),
+                     error.what());
     } catch (...) {
-        ktLog::error("%s: message %u failed with an unknown exception", qPrintable(module.moduleName()), message.id());
+        ktLog::error("%s: message %u failed with an unknown exception", qPrintable(module.moduleName()),
+                     message.id());
     }
 }
 
@@ -86,6 +88,16 @@ void ktController::deliver(ktMessage& message)
         if (lives && module->wantsMessage(message.id()))
             deliverTo(*module, message);
     }
+}
+
+std::vector<std::string> ktController::messageNames()
+{
+    std::vector<std::string> names;
+    for (const auto& [name, callbacks] : state().callbacks) {
+        if (!callbacks.isEmpty())
+            names.push_back(name);
+    }
+    return names;
 }
 
 int ktController::countCallbacks()

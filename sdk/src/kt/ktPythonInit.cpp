@@ -30,7 +30,8 @@ void ktPythonInit::notify(bool destroy)
 {
     const std::vector<ktPythonInit*> present = living();
     for (ktPythonInit* init : present) {
-        if (!init->_callback || init->_isReady != destroy)
+        const bool lives = std::find(living().begin(), living().end(), init) != living().end();
+        if (!lives || !init->_callback || init->_isReady != destroy)
             continue;
         init->_isReady = !destroy;
         init->_callback(destroy);

@@ -54,9 +54,10 @@ void ktScenegraph::setNodeName(bool announce, const ktNodePtr& handle, const cha
     const osg::NodePtr& node = handle;
     if (!node)
         return;
-    state().index.followRename(node, [&] { writeName(node, name); });
     const osg::NodePtr& root = state().index.root();
-    if (!announce && root && state().announcedRevision + 1 == root->getStructureRevision())
+    const bool isAllAnnounced = root && state().announcedRevision == root->getStructureRevision();
+    state().index.followRename(node, [&] { writeName(node, name); });
+    if (!announce && isAllAnnounced)
         state().announcedRevision = root->getStructureRevision();
     if (record)
         osg::endEdit(node, osg::Node::AttachmentsFieldMask);

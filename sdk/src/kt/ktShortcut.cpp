@@ -6,5 +6,6 @@ QString ktShortcut::convertKey(int key, int modifiers, bool portable)
 {
     if (key == 0)
         return {};
-    return QKeySequence(modifiers | key).toString(portable ? QKeySequence::PortableText : QKeySequence::NativeText);
+    return QKeySequence(modifiers | key)
+        .toString(portable ? QKeySequence::PortableText : QKeySequence::NativeText);
 }

@@ -36,7 +36,9 @@ void AttachmentContainer::addAttachment(const AttachmentPtr& attachment, std::ui
     if (!attachment)
         return;
     const std::uint32_t groupId = attachment->getType().getGroupId();
-    const auto sameSlot = [&](const Entry& entry) { return entry.groupId == groupId && entry.binding == binding; };
+    const auto sameSlot = [&](const Entry& entry) {
+        return entry.groupId == groupId && entry.binding == binding;
+    };
     const auto slot = std::find_if(_attachments.begin(), _attachments.end(), sameSlot);
     attachment->_parents.push_back(this);
     if (slot == _attachments.end()) {
@@ -50,12 +52,13 @@ void AttachmentContainer::addAttachment(const AttachmentPtr& attachment, std::ui
 
 void AttachmentContainer::subAttachment(const AttachmentPtr& attachment)
 {
-    const auto isWanted = [&](const Entry& entry) { return entry.attachment == attachment; };
-    const auto wanted = std::find_if(_attachments.begin(), _attachments.end(), isWanted);
+    const AttachmentPtr keep = attachment; // the caller's reference may be our own entry's
+    const auto isOther = [&](const Entry& entry) { return entry.attachment != keep; };
+    const auto wanted = std::stable_partition(_attachments.begin(), _attachments.end(), isOther);
     if (wanted == _attachments.end())
         return;
-    detach(*wanted);
-    _attachments.erase(wanted);
+    std::for_each(wanted, _attachments.end(), [this](Entry& entry) { detach(entry); });
+    _attachments.erase(wanted, _attachments.end());
     attachmentsChanged();
 }
 

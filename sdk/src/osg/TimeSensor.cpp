@@ -50,7 +50,8 @@ bool TimeSensor::advance(double now)
     } else if (!(elapsed > 0.0)) {
         setFraction(0.0F);
     } else {
-        // Subtraction and floor instead of fmod, which costs many times as much for each sensor of each frame.
+        // Subtraction and floor instead of fmod, which costs many times as much for each sensor of each
+        // frame.
         const double cycles = elapsed / cycle;
         const double fraction = cycles - std::floor(cycles);
         setFraction(fraction > 0.0 ? static_cast<float>(fraction) : 1.0F);

@@ -1,0 +1,162 @@
+#include "host/app/CommandLine.h"
+
+#include "host/app/HostError.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QHash>
+
+#include <cmath>
+
+namespace kthost
+{
+namespace
+{
+
+/// The most pixels that one side of a picture can have.
+constexpr int longestSide = 16384;
+
+[[noreturn]] void refuse(const QString& argument, const QString& why)
+{
+    throw HostError(ExitStatus::BadArguments, argument.toStdString(), why.toStdString());
+}
+
+// Arguments are bytes. They pass through the parser as Latin-1, which loses none, and are decoded here.
+QString text(const QString& word)
+{
+    return QString::fromLocal8Bit(word.toLatin1());
+}
+
+QString path(const QString& word, const QString& option)
+{
+    if (word.isEmpty())
+        refuse(option, QStringLiteral("a file or folder name is missing"));
+    return QFile::decodeName(word.toLatin1());
+}
+
+double number(const QString& word, const QString& option, bool zeroIsFine)
+{
+    bool isNumber = false;
+    const double value = word.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(value) || value < 0.0 || (value == 0.0 && !zeroIsFine))
+        refuse(option,
+               QStringLiteral("'%1' is no number %2 0").arg(text(word), zeroIsFine ? "from" : "above"));
+    return value;
+}
+
+QSize size(const QString& word, const QString& option)
+{
+    const QStringList sides = word.toLower().split(QLatin1Char('x'));
+    bool isWidth = false;
+    bool isHeight = false;
+    const QSize size(sides.value(0).toInt(&isWidth), sides.value(1).toInt(&isHeight));
+    const bool isSize = sides.size() == 2 && isWidth && isHeight && size.width() > 0 && size.height() > 0;
+    if (!isSize || size.width() > longestSide || size.height() > longestSide)
+        refuse(option, QStringLiteral("'%1' is no size such as 1280x800, at most %2 pixels a side")
+                           .arg(text(word))
+                           .arg(longestSide));
+    return size;
+}
+
+SendAction send(const QString& word, const QString& option)
+{
+    const int separator = word.indexOf(QLatin1Char('='));
+    if (separator <= 0)
+        refuse(option, QStringLiteral("'%1' is not of the form MESSAGE=ANIMATION").arg(text(word)));
+    return {word.left(separator).toLatin1().toStdString(), word.mid(separator + 1).toLatin1().toStdString()};
+}
+
+void addOptions(QCommandLineParser& parser)
+{
+    const auto add = [&](const char* name, const char* does, const char* value = "") {
+        parser.addOption({QString::fromLatin1(name), QString::fromLatin1(does), QString::fromLatin1(value)});
+    };
+    add("headless", "Opens no window; ends after the last action. Only pictures need a display.");
+    add("list", "Prints the animations that are registered, one name a line.");
+    add("dump", "Prints each time sensor of the scene as one JSON object a line.");
+    add("send", "Sends the message, such as animationStart, for the animation of that name.",
+        "MESSAGE=ANIMATION");
+    add("run", "Lets that much simulation time pass.", "SECONDS");
+    add("fps", "Steps a second of the runs that follow (25).", "N");
+    add("screenshot", "Writes a picture of the scene.", "FILE.png");
+    add("frames", "Writes a numbered picture for each step of the runs that follow.", "FOLDER");
+    add("size", "Size of the pictures that follow, in pixels (1280x800).", "WxH");
+    add("plugin", "Loads this plug-in instead of the installed ones.", "FILE");
+    add("plugin-dir", "Loads the plug-ins of this folder instead of the installed ones.", "FOLDER");
+    parser.addOption({{"v", "version"}, "Prints the version."});
+    parser.addOption({{"h", "help"}, "Prints this text."});
+    parser.addPositionalArgument("FILE", "The scene to open: VRML97, plain or gzip-ed.", "[FILE]");
+}
+
+/// Takes one option as it stands in the line; `value` is empty for those that have none.
+void take(CommandLine& line, const QString& name, const QString& value)
+{
+    const QString option = QStringLiteral("--") + name;
+    if (name == "headless")
+        line.isHeadless = true;
+    else if (name == "list")
+        line.actions.emplace_back(ListAction());
+    else if (name == "dump")
+        line.actions.emplace_back(DumpAction());
+    else if (name == "send")
+        line.actions.emplace_back(send(value, option));
+    else if (name == "run")
+        line.actions.emplace_back(RunAction{number(value, option, true)});
+    else if (name == "fps")
+        line.actions.emplace_back(FpsAction{number(value, option, false)});
+    else if (name == "screenshot")
+        line.actions.emplace_back(ScreenshotAction{path(value, option)});
+    else if (name == "frames")
+        line.actions.emplace_back(FramesAction{path(value, option)});
+    else if (name == "size")
+        line.actions.emplace_back(SizeAction{size(value, option)});
+    else if (name == "plugin")
+        line.pluginFiles.push_back(path(value, option));
+    else if (name == "plugin-dir")
+        line.pluginFolders.push_back(path(value, option));
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(int argc, const char* const* argv)
+{
+    QStringList words;
+    for (int i = 0; i < argc; ++i)
+        words << QString::fromLatin1(argv[i]);
+
+    QCommandLineParser parser;
+    addOptions(parser);
+    CommandLine line;
+    if (!parser.parse(words))
+        refuse(QStringLiteral("arguments"), text(parser.errorText()).section(QLatin1Char('.'), 0, 0));
+    line.wantsHelp = parser.isSet("help");
+    line.wantsVersion = parser.isSet("version");
+    if (line.wantsHelp || line.wantsVersion)
+        return line;
+
+    QHash<QString, int> taken; // the parser gives names in order, and values in order for each name
+    for (const QString& name : parser.optionNames())
+        take(line, name, parser.values(name).value(taken[name]++));
+
+    const QStringList files = parser.positionalArguments();
+    if (files.size() > 1)
+        refuse(text(files.at(1)), QStringLiteral("one file is enough"));
+    if (!files.isEmpty())
+        line.file = path(files.first(), QStringLiteral("FILE"));
+    return line;
+}
+
+QString CommandLine::helpText()
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        "\nOpens a VRML97 scene and lets plug-ins drive its animations. FILE is opened first; then "
+        "everything is done in "
+        "the order given.\n\nExit status: 0 all done, 2 the arguments are off, 3 a file could not be read or "
+        "written, "
+        "4 the picture could not be made, 6 a plug-in named by --plugin could not be loaded.");
+    addOptions(parser);
+    return parser.helpText();
+}
+
+} // namespace kthost

@@ -1,0 +1,125 @@
+#include "host/app/PluginLoader.h"
+
+#include <kt/ktController.h>
+#include <kt/ktLog.h>
+#include <kt/ktModuleBase.h>
+#include <qkt/QKTDockWindowManager.h>
+
+#include <QDir>
+
+#include <algorithm>
+#include <exception>
+
+namespace kthost
+{
+namespace
+{
+
+using VersionFunction = const char* (*)();
+using InitFunction = void (*)();
+
+/// Why the library is none of ours; empty where it is.
+QString refusal(QLibrary& library, InitFunction& init)
+{
+    if (!library.load())
+        return library.errorString().simplified();
+    const auto version = reinterpret_cast<VersionFunction>(library.resolve("getPluginVersion"));
+    init = reinterpret_cast<InitFunction>(library.resolve("initPlugin"));
+    if (!version || !init)
+        return QStringLiteral("it has no entry point '%1'").arg(version ? "initPlugin" : "getPluginVersion");
+    const QString found = QString::fromUtf8(version());
+    if (found != PluginLoader::hostVersion())
+        return QStringLiteral("it is for version '%1', this host is version '%2'")
+            .arg(found, PluginLoader::hostVersion());
+    return {};
+}
+
+/// What `call` threw, as text; empty where it threw nothing.
+template <class Call>
+QString thrownBy(Call&& call)
+{
+    try {
+        call();
+        return {};
+    } catch (const std::exception& error) {
+        return QStringLiteral("it threw: %1").arg(QString::fromUtf8(error.what()).simplified());
+    } catch (...) {
+        return QStringLiteral("it threw an unknown exception");
+    }
+}
+
+} // namespace
+
+PluginLoader::~PluginLoader()
+{
+    unloadAll();
+}
+
+QString PluginLoader::hostVersion()
+{
+    return QStringLiteral(KT_PLUGIN_VERSION);
+}
+
+QString PluginLoader::load(const QString& file)
+{
+    auto library = std::make_unique<QLibrary>(file);
+    library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    InitFunction init = nullptr;
+    QString why;
+    const QString thrownEarly = thrownBy([&] { why = refusal(*library, init); });
+    if (why.isEmpty())
+        why = thrownEarly;
+    if (!why.isEmpty()) {
+        library->unload();
+        return why;
+    }
+
+    const std::vector<ktModuleBase*> before = ktModuleBase::modules();
+    const QString thrown = thrownBy(init);
+    if (!thrown.isEmpty())
+        return thrown;
+    Plugin plugin{std::move(library), {}};
+    for (ktModuleBase* module : ktModuleBase::modules()) {
+        if (std::find(before.begin(), before.end(), module) == before.end())
+            plugin.modules.push_back(module);
+    }
+    _plugins.push_back(std::move(plugin));
+    for (ktModuleBase* module : _plugins.back().modules) {
+        const QString failure = thrownBy([module] { module->init(); });
+        if (!failure.isEmpty())
+            ktLog::error("%s: init: %s", qPrintable(file), qPrintable(failure));
+    }
+    return {};
+}
+
+int PluginLoader::loadFolder(const QString& folder)
+{
+    int loaded = 0;
+    const QDir directory(folder);
+    for (const QString& name : directory.entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name)) {
+        const QString file = directory.absoluteFilePath(name);
+        const QString why = load(file);
+        if (why.isEmpty())
+            ++loaded;
+        else
+            ktLog::error("kthost: plug-in %s: %s", qPrintable(file), qPrintable(why));
+    }
+    return loaded;
+}
+
+void PluginLoader::unloadAll()
+{
+    while (!_plugins.empty()) {
+        Plugin plugin = std::move(_plugins.back());
+        _plugins.pop_back();
+        // The panel first: it belongs to the main window, which would destroy it when its code is gone.
+        for (ktModuleBase* module : plugin.modules) {
+            QWidget* panel = module->getWidget();
+            if (panel && ktController::getDockWindowManager())
+                ktController::getDockWindowManager()->remove(panel);
+        }
+        plugin.library->unload();
+    }
+}
+
+} // namespace kthost

@@ -1,0 +1,39 @@
+#include "host/app/RecentFiles.h"
+
+#include <QFileInfo>
+#include <QSettings>
+
+namespace kthost
+{
+namespace
+{
+
+const char* const key = "recentFiles";
+
+} // namespace
+
+QStringList RecentFiles::list()
+{
+    QStringList files;
+    for (const QString& file : QSettings().value(key).toStringList()) {
+        if (QFileInfo::exists(file))
+            files << file;
+    }
+    return files;
+}
+
+void RecentFiles::add(const QString& file)
+{
+    const QString path = QFileInfo(file).absoluteFilePath();
+    QStringList files = list();
+    files.removeAll(path);
+    files.prepend(path);
+    QSettings().setValue(key, QStringList(files.mid(0, most)));
+}
+
+void RecentFiles::clear()
+{
+    QSettings().remove(key);
+}
+
+} // namespace kthost

@@ -1,0 +1,111 @@
+#include "host/app/Session.h"
+
+#include "host/app/HostError.h"
+#include "host/vrml/SceneBinding.h"
+#include "host/vrml/SceneBuilder.h"
+#include "host/vrml/SceneReader.h"
+
+#include <kt/ktController.h>
+#include <kt/ktLog.h>
+#include <kt/ktMessage.h>
+#include <kt/ktMessageId.h>
+#include <kt/ktScenegraph.h>
+#include <kt/ktSelectionManager.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace kthost
+{
+namespace
+{
+
+void deliver(std::uint32_t id)
+{
+    ktMessage message(id);
+    ktController::deliver(message);
+}
+
+/// Details go to the log; the user is told of their number once.
+void reportWarnings(const QString& file, const SceneWarnings& warnings)
+{
+    for (const SceneWarnings::Entry& entry : warnings.entries()) {
+        if (entry.count > 1)
+            ktLog::info("%s (%zu times)", entry.text.c_str(), entry.count);
+        else
+            ktLog::info("%s", entry.text.c_str());
+    }
+    if (warnings.total() > 0)
+        ktLog::info("%s: opened with %zu warnings", qUtf8Printable(file), warnings.total());
+}
+
+} // namespace
+
+struct Session::Scene
+{
+    explicit Scene(SceneReading reading)
+        : reader(std::move(reading)),
+          nodes(SceneBuilder::build(*reader.root, reader.names)),
+          binding(CoinRef<SoNode>(reader.root.get()), nodes.sensors)
+    {
+    }
+
+    SceneReading reader;
+    SceneNodes nodes;
+    SceneBinding binding;
+};
+
+Session::Session()
+{
+    _frames.setFollower([this](const osg::ChangeList& changes) {
+        if (_scene)
+            _scene->binding.apply(changes);
+    });
+    _frames.setSceneListener([this] { emit sceneEdited(); });
+}
+
+Session::~Session()
+{
+    ktSelectionManager::selectNodes({});
+    ktScenegraph::setRootNode({});
+}
+
+SoNode* Session::drawing() const
+{
+    return _scene ? _scene->reader.root.get() : nullptr;
+}
+
+void Session::open(const QString& file)
+{
+    SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString());
+    if (!reading)
+        throw HostError(ExitStatus::BadFile, reading.error);
+    reportWarnings(file, reading.warnings);
+    auto scene = std::make_unique<Scene>(std::move(reading));
+
+    clear();
+    _scene = std::move(scene);
+    _file = QFileInfo(file).absoluteFilePath();
+    ktScenegraph::setRootNode(_scene->nodes.root);
+    _scene->binding.start(ktController::getSimulationTime());
+    deliver(ktMessageId::SceneChanged);
+    emit sceneReplaced();
+}
+
+void Session::close()
+{
+    clear();
+    emit sceneReplaced();
+}
+
+void Session::clear()
+{
+    ktSelectionManager::selectNodes({});
+    ktScenegraph::setRootNode({});
+    deliver(ktMessageId::SceneCleared);
+    _file.clear();
+    // Dropped last: views show the old drawing until they are told of the new one.
+    _scene.reset();
+}
+
+} // namespace kthost

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "host/app/FrameLoop.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class SoNode;
+
+namespace kthost
+{
+
+/// What is open in the host: one scene, its clock, its animations. GUI thread; one at a time.
+class Session : public QObject
+{
+    Q_OBJECT
+
+public:
+    Session();
+    ~Session() override;
+
+    /// Opens a VRML97 scene in place of the present one. Modules are told with messages 16 and 32768; looping
+    /// sensors run from now on. Warnings of the reader go to the log. Throws HostError (BadFile), one line
+    /// with the reader's words, where it does not load; the present scene then stays.
+    void open(const QString& file);
+
+    /// Leaves nothing open; modules are told with message 16.
+    void close();
+
+    /// The scene's file; empty where none is open.
+    const QString& file() const { return _file; }
+
+    /// What is drawn; null where no scene is open. Owned by the session until the next open() or close().
+    SoNode* drawing() const;
+
+    FrameLoop& frames() { return _frames; }
+
+signals:
+    /// Another scene is open, or none; see file().
+    void sceneReplaced();
+
+    /// Nodes of the scene were added, removed or renamed.
+    void sceneEdited();
+
+private:
+    struct Scene;
+
+    void clear();
+
+    FrameLoop _frames;
+    std::unique_ptr<Scene> _scene;
+    QString _file;
+};
+
+} // namespace kthost

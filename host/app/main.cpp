@@ -1,0 +1,138 @@
+#include "host/app/ActionRunner.h"
+#include "host/app/CommandLine.h"
+#include "host/app/HostError.h"
+#include "host/app/HostLog.h"
+#include "host/app/LiveClock.h"
+#include "host/app/MainWindow.h"
+#include "host/app/Pictures.h"
+#include "host/app/PluginLoader.h"
+#include "host/app/Session.h"
+
+#include <kt/ktController.h>
+#include <kt/ktLog.h>
+#include <qkt/QKTDockWindowManager.h>
+
+#include <QApplication>
+#include <QDir>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace
+{
+
+using namespace kthost;
+
+int fail(const HostError& error)
+{
+    std::fprintf(stderr, "kthost: %s\n", error.what());
+    return static_cast<int>(error.status());
+}
+
+/// What Qt has to say is for the log; what it cannot go on from ends the program in one line.
+void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type != QtFatalMsg) {
+        ktLog::info("%s", qUtf8Printable(text));
+        return;
+    }
+    std::fprintf(stderr, "kthost: window: %s\n", qUtf8Printable(text.simplified()));
+    std::_Exit(static_cast<int>(ExitStatus::NoPicture));
+}
+
+/// The named plug-ins, or else the installed ones.
+void loadPlugins(PluginLoader& loader, const CommandLine& line)
+{
+    for (const QString& file : line.pluginFiles) {
+        const QString why = loader.load(file);
+        if (!why.isEmpty())
+            throw HostError(ExitStatus::NoPlugin, "plug-in " + file.toStdString(), why.toStdString());
+    }
+    for (const QString& folder : line.pluginFolders) {
+        if (!QDir(folder).exists())
+            throw HostError(ExitStatus::NoPlugin, "plug-in folder " + folder.toStdString(),
+                            "it does not exist");
+        loader.loadFolder(folder);
+    }
+    if (line.pluginFiles.empty() && line.pluginFolders.empty())
+        loader.loadFolder(
+            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral(KT_PLUGIN_FOLDER)));
+}
+
+int runHeadless(const CommandLine& line)
+{
+    Session session;
+    Pictures pictures(session);
+    QMainWindow window; // never shown; modules make their panels in it
+    QKTDockWindowManager docks(&window);
+    ktController::setMainWindow(&window, &docks);
+    PluginLoader plugins;
+    try {
+        loadPlugins(plugins, line);
+        if (!line.file.isEmpty())
+            session.open(line.file);
+        ActionRunner(session, pictures).run(line.actions);
+    } catch (const HostError& error) {
+        return fail(error);
+    }
+    return 0;
+}
+
+int runInWindow(const CommandLine& line, const HostLog& log)
+{
+    Session session;
+    MainWindow window(session, log);
+    ktController::setMainWindow(&window, &window.docks());
+    PluginLoader plugins;
+    LiveClock clock(session.frames());
+    QObject::connect(&clock, &LiveClock::ticked, &window, &MainWindow::showTime);
+    int status = 0;
+    try {
+        loadPlugins(plugins, line);
+        window.show();
+        if (!line.file.isEmpty())
+            session.open(line.file);
+        Pictures pictures(session, &window.sceneView());
+        ActionRunner(session, pictures, [] { QCoreApplication::processEvents(); }).run(line.actions);
+    } catch (const HostError& error) {
+        status = fail(error);
+        if (error.status() == ExitStatus::NoPlugin)
+            return status;
+        window.showError(QString::fromStdString(error.what()));
+    }
+    clock.start();
+    const int ended = QApplication::exec();
+    return ended == 0 ? status : ended;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CommandLine line;
+    try {
+        line = CommandLine::parse(argc, argv);
+    } catch (const HostError& error) {
+        return fail(error);
+    }
+    QCoreApplication::setApplicationName(QStringLiteral("kthost"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KT_VERSION));
+    QCoreApplication::setOrganizationName(QStringLiteral("kthost"));
+    if (line.wantsVersion) {
+        std::printf("kthost %s\n", KT_VERSION);
+        return 0;
+    }
+    qInstallMessageHandler(handleQtMessage);
+    const bool hasNoWindow = line.isHeadless || line.wantsHelp;
+    if (hasNoWindow)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    if (line.wantsHelp) {
+        std::printf("%s", qPrintable(CommandLine::helpText()));
+        return 0;
+    }
+    HostLog log;
+    return line.isHeadless ? runHeadless(line) : runInWindow(line, log);
+}

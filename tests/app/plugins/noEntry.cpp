@@ -1,0 +1,5 @@
+// A plug-in without initPlugin().
+extern "C" __attribute__((visibility("default"))) const char* getPluginVersion()
+{
+    return "10.0";
+}

@@ -1,0 +1,2 @@
+// A plug-in without getPluginVersion().
+extern "C" __attribute__((visibility("default"))) void initPlugin() {}
