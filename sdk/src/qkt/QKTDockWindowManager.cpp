@@ -1,30 +1,229 @@
 #include <qkt/QKTDockWindowManager.h>
 
+#include "qkt/UiSettings_p.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QMenu>
+#include <QPointer>
+#include <QStatusBar>
 
-QKTDockWindowManager::QKTDockWindowManager(QMainWindow* window) : QObject(window), _window(window) {}
+#include <algorithm>
 
-QDockWidget* QKTDockWindowManager::add(const char* name, const QString&, QWidget* widget, const QString& help,
-                                       const QIcon& icon, const QString& title, Qt::DockWidgetArea area, bool visible,
-                                       QMenu*)
+namespace
 {
+
+/// Raised when the host's own bars change so much that a remembered layout no longer fits.
+constexpr int layoutVersion = 1;
+
+QString geometryKey()
+{
+    return QStringLiteral("windows/geometry");
+}
+
+QString stateKey()
+{
+    return QStringLiteral("windows/layout");
+}
+
+/// As a menu shows it unchanged.
+QString menuText(QString title)
+{
+    return title.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace
+
+struct QKTDockWindowManager::Dock
+{
+    QDockWidget* dock;
+    QPointer<QWidget> widget;
+    QString group;
+    Qt::DockWidgetArea area;
+    bool visible;
+    QPointer<QMenu> menu;
+    QAction* action; ///< The entry of the window menu.
+};
+
+QKTDockWindowManager::QKTDockWindowManager(QMainWindow* window)
+    : QObject(window), _window(window), _menu(new QMenu(tr("&Window"), window))
+{
+    _window->setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    // A column of forms needs the height more than a bar of output does.
+    _window->setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    _window->setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    rebuildMenu();
+}
+
+QKTDockWindowManager::~QKTDockWindowManager() = default;
+
+QDockWidget* QKTDockWindowManager::add(const char* name, const QString& group, QWidget* widget,
+                                       const QString& help, const QIcon& icon, const QString& title,
+                                       Qt::DockWidgetArea area, bool visible, QMenu* menu)
+{
+    if (!widget)
+        return nullptr;
+    if (const Dock* known = find(widget))
+        return known->dock;
+
     auto* dock = new QDockWidget(title, _window);
-    dock->setObjectName(QString::fromUtf8(name));
+    dock->setObjectName(freeName(name, title));
     dock->setWindowIcon(icon);
-    dock->setWhatsThis(help);
+    dock->setProperty("helpId", help);
     dock->setWidget(widget);
-    _window->addDockWidget(area == Qt::NoDockWidgetArea ? Qt::RightDockWidgetArea : area, dock);
-    dock->setVisible(visible);
+    // A docked window has no corner of its own to be dragged by.
+    for (QStatusBar* bar : widget->findChildren<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly))
+        bar->setSizeGripEnabled(false);
+    dock->installEventFilter(this);
+    connect(dock, &QObject::destroyed, this, &QKTDockWindowManager::forget);
+    connect(widget, &QObject::destroyed, dock, &QObject::deleteLater);
+
+    auto* action = new QAction(icon, menuText(title), dock);
+    action->setCheckable(true);
+    action->setChecked(!dock->isHidden());
+    connect(action, &QAction::triggered, dock, [dock](bool shown) {
+        dock->setVisible(shown);
+        if (shown)
+            dock->raise();
+    });
+
+    const auto side = area == Qt::NoDockWidgetArea ? Qt::BottomDockWidgetArea : area;
+    _docks.push_back(std::make_unique<Dock>(Dock{dock, widget, group, side, visible, menu, action}));
+    if (!_window->restoreDockWidget(dock))
+        place(*_docks.back());
+    rebuildMenu();
     return dock;
 }
 
 void QKTDockWindowManager::remove(QWidget* widget)
 {
-    for (QDockWidget* dock : _window->findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (widget && dock->widget() == widget) {
-            delete dock;
-            return;
+    if (const Dock* known = widget ? find(widget) : nullptr)
+        delete known->dock;
+}
+
+QKTDockWindowManager::Dock* QKTDockWindowManager::find(const QObject* object) const
+{
+    for (const auto& known : _docks)
+        if (known->dock == object || known->widget == object)
+            return known.get();
+    return nullptr;
+}
+
+QString QKTDockWindowManager::freeName(const char* name, const QString& title) const
+{
+    const QString wanted = name && *name ? QString::fromUtf8(name) : title;
+    QString free = wanted;
+    const auto isTaken = [&free](const auto& known) { return known->dock->objectName() == free; };
+    for (int number = 2; free.isEmpty() || std::any_of(_docks.begin(), _docks.end(), isTaken); ++number)
+        free = wanted + QLatin1Char(' ') + QString::number(number);
+    return free;
+}
+
+void QKTDockWindowManager::place(const Dock& placed)
+{
+    _window->addDockWidget(placed.area, placed.dock);
+    for (const auto& other : _docks) {
+        const bool isNeighbour = other->dock != placed.dock && !other->dock->isFloating() &&
+                                 _window->dockWidgetArea(other->dock) == placed.area;
+        if (isNeighbour) {
+            _window->tabifyDockWidget(other->dock, placed.dock);
+            break;
         }
     }
+    placed.dock->setVisible(placed.visible);
+    if (placed.visible)
+        placed.dock->raise();
+}
+
+void QKTDockWindowManager::forget(const QObject* dock)
+{
+    const auto isDock = [dock](const auto& known) { return known->dock == dock; };
+    _docks.erase(std::remove_if(_docks.begin(), _docks.end(), isDock), _docks.end());
+    rebuildMenu();
+}
+
+bool QKTDockWindowManager::saveLayout() const
+{
+    const bool wroteState = UiSettings::setValue(stateKey(), _window->saveState(layoutVersion));
+    return wroteState && UiSettings::setValue(geometryKey(), _window->saveGeometry());
+}
+
+bool QKTDockWindowManager::restoreLayout()
+{
+    const QByteArray state = UiSettings::value(stateKey()).toByteArray();
+    if (state.isEmpty() || !_window->restoreState(state, layoutVersion))
+        return false;
+    _window->restoreGeometry(UiSettings::value(geometryKey()).toByteArray());
+    for (const auto& known : _docks)
+        if (!known->dock->isFloating() && _window->dockWidgetArea(known->dock) == Qt::NoDockWidgetArea)
+            place(*known);
+    return true;
+}
+
+void QKTDockWindowManager::resetLayout()
+{
+    for (const auto& known : _docks) {
+        known->dock->setFloating(false);
+        _window->removeDockWidget(known->dock);
+    }
+    for (const auto& known : _docks)
+        place(*known);
+}
+
+void QKTDockWindowManager::rebuildMenu()
+{
+    _menu->clear();
+    QStringList groups;
+    for (const auto& known : _docks)
+        if (!groups.contains(known->group))
+            groups << known->group;
+    for (const QString& group : groups) {
+        _menu->addSection(menuText(group));
+        for (const auto& known : _docks)
+            if (known->group == group)
+                _menu->addAction(known->action);
+    }
+    _menu->addSeparator();
+    _menu->addAction(tr("&Reset Layout"), this, &QKTDockWindowManager::resetLayout);
+}
+
+bool QKTDockWindowManager::eventFilter(QObject* watched, QEvent* event)
+{
+    const Dock* known = find(watched);
+    if (!known || watched != known->dock)
+        return QObject::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        // The dock's own toggle action misses these while the main window is hidden.
+        known->action->setChecked(event->type() == QEvent::ShowToParent);
+        return false;
+    case QEvent::ContextMenu: {
+        const auto* click = static_cast<QContextMenuEvent*>(event);
+        // A right click on the widget that the widget left alone comes up here as well.
+        if (known->widget && known->widget->geometry().contains(click->pos()))
+            return false;
+        showTitleMenu(*known, click->globalPos());
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void QKTDockWindowManager::showTitleMenu(const Dock& known, const QPoint& position)
+{
+    auto* menu = new QMenu(known.dock);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QDockWidget* dock = known.dock;
+    menu->addAction(dock->isFloating() ? tr("&Dock") : tr("&Float"), dock,
+                    [dock] { dock->setFloating(!dock->isFloating()); });
+    menu->addAction(tr("&Close"), dock, &QWidget::close);
+    if (known.menu) {
+        menu->addSeparator();
+        menu->addActions(known.menu->actions());
+    }
+    menu->popup(position);
 }
