@@ -2,11 +2,7 @@
 
 #include "host/view/Search.h"
 
-#include <Inventor/SbViewportRegion.h>
 #include <Inventor/VRMLnodes/SoVRMLBackground.h>
-#include <Inventor/actions/SoGetMatrixAction.h>
-#include <Inventor/nodes/SoMatrixTransform.h>
-#include <Inventor/nodes/SoSeparator.h>
 
 namespace kthost
 {
@@ -14,7 +10,8 @@ namespace kthost
 namespace
 {
 
-constexpr float Horizon = 1.5707963F; ///< As an angle from the zenith or the nadir.
+constexpr float Horizon =
+    1.5707F; ///< As an angle from the zenith or the nadir; the renderer takes no larger one.
 
 SoPathList backgrounds(SoNode* scene)
 {
@@ -30,8 +27,10 @@ bool hasBackground(SoNode* scene)
 
 SoNode* makeDefaultBackground()
 {
-    const float sky[][3] = {{0.53F, 0.58F, 0.63F}, {0.72F, 0.76F, 0.79F}, {0.89F, 0.90F, 0.91F}};
-    const float ground[][3] = {{0.47F, 0.49F, 0.51F}, {0.70F, 0.72F, 0.73F}, {0.89F, 0.90F, 0.91F}};
+    // Dark, since a scene without a background was made to be seen on VRML97's black: its text is often
+    // white.
+    const float sky[][3] = {{0.15F, 0.17F, 0.20F}, {0.24F, 0.27F, 0.31F}, {0.40F, 0.43F, 0.47F}};
+    const float ground[][3] = {{0.12F, 0.13F, 0.15F}, {0.21F, 0.23F, 0.26F}, {0.40F, 0.43F, 0.47F}};
     const float angles[] = {0.9F, Horizon};
 
     auto* background = new SoVRMLBackground;
@@ -42,19 +41,12 @@ SoNode* makeDefaultBackground()
     return background;
 }
 
-SoNode* makeFirstBackgroundWin(SoNode* scene)
+SoNode* hiddenFirstBackground(SoNode* scene)
 {
     const SoPathList found = backgrounds(scene);
     if (found.getLength() < 2)
         return nullptr;
-    SoGetMatrixAction locate(SbViewportRegion(1, 1));
-    locate.apply(found[0]);
-    auto* place = new SoMatrixTransform;
-    place->matrix = locate.getMatrix();
-    auto* group = new SoSeparator;
-    group->addChild(place);
-    group->addChild(found[0]->getTail());
-    return group;
+    return found[0]->getTail();
 }
 
 } // namespace kthost

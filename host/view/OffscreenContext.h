@@ -7,8 +7,8 @@
 namespace kthost
 {
 
-/// An OpenGL context that needs no window and no display: the driver's surfaceless platform, in software where there is no
-/// graphics card. Used from the thread that made it.
+/// An OpenGL context that needs no window and no display: the driver's surfaceless platform, in software
+/// where there is no graphics card. Used from the thread that made it.
 class OffscreenContext
 {
 public:

@@ -5,6 +5,8 @@
 #include "host/view/SceneView.h"
 
 #include <Inventor/SbViewportRegion.h>
+#include <Inventor/VRMLnodes/SoVRMLGroup.h>
+#include <Inventor/VRMLnodes/SoVRMLShape.h>
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/elements/SoGLCacheContextElement.h>
 #include <Inventor/errors/SoDebugError.h>
@@ -21,12 +23,13 @@ namespace kthost
 namespace
 {
 
-/// While it lives, the renderer's words about the kind of context are dropped: it looks for a GLX one, which an off-screen
-/// context is not, and draws all the same.
+/// While it lives, the renderer's words about the kind of context are dropped: it looks for a GLX one, which
+/// an off-screen context is not, and draws all the same.
 class ContextWordsDropped
 {
 public:
-    ContextWordsDropped() : _handler(SoDebugError::getHandlerCallback()), _data(SoDebugError::getHandlerData())
+    ContextWordsDropped()
+        : _handler(SoDebugError::getHandlerCallback()), _data(SoDebugError::getHandlerData())
     {
         SoDebugError::setHandlerCallback(passOn, this);
     }
@@ -49,12 +52,44 @@ private:
     void* _data;
 };
 
+/// While it lives, the renderer makes and uses no display lists. When it does so depends on what was drawn
+/// before, and their edges lie a rounding error apart from those of the nodes themselves: pictures of one
+/// state would differ.
+class DisplayListsOff
+{
+public:
+    DisplayListsOff()
+        : _separators(SoSeparator::getNumRenderCaches()),
+          _groups(SoVRMLGroup::getNumRenderCaches()),
+          _shapes(SoVRMLShape::getNumRenderCaches())
+    {
+        set(0, 0, 0);
+    }
+    ~DisplayListsOff() { set(_separators, _groups, _shapes); }
+
+    DisplayListsOff(const DisplayListsOff&) = delete;
+    DisplayListsOff& operator=(const DisplayListsOff&) = delete;
+
+private:
+    static void set(int separators, int groups, int shapes)
+    {
+        SoSeparator::setNumRenderCaches(separators);
+        SoVRMLGroup::setNumRenderCaches(groups);
+        SoVRMLShape::setNumRenderCaches(shapes);
+    }
+
+    int _separators;
+    int _groups;
+    int _shapes;
+};
+
 } // namespace
 
 struct PictureRenderer::Machinery
 {
     explicit Machinery(std::unique_ptr<OffscreenContext> offscreen)
-        : context(std::move(offscreen)), action(SbViewportRegion(1, 1)),
+        : context(std::move(offscreen)),
+          action(SbViewportRegion(1, 1)),
           cacheContext(SoGLCacheContextElement::getUniqueCacheContext())
     {
         action.setCacheContext(cacheContext);
@@ -112,6 +147,7 @@ Picture PictureRenderer::render(SceneView& view, const QSize& size)
         return picture;
 
     const ContextWordsDropped quiet;
+    const DisplayListsOff direct;
     view.fitClipping(size);
     _machinery->target->begin(SceneView::clearColor());
     _machinery->action.setViewportRegion(
@@ -119,7 +155,8 @@ Picture PictureRenderer::render(SceneView& view, const QSize& size)
     _machinery->action.apply(view.root());
     picture.image = _machinery->target->read();
     if (picture.image.isNull())
-        picture.error = QStringLiteral("no memory for a picture of %1x%2").arg(size.width()).arg(size.height());
+        picture.error =
+            QStringLiteral("no memory for a picture of %1x%2").arg(size.width()).arg(size.height());
     return picture;
 }
 

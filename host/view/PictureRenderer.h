@@ -18,8 +18,9 @@ struct Picture
     QString error; ///< One line; empty where there is a picture.
 };
 
-/// Draws pictures of a view, off-screen: neither a window nor a display is needed. The same view gives the same picture
-/// to the bit, on the same driver. GUI thread; must be destroyed before the program's end is left to static objects.
+/// Draws pictures of a view, off-screen: neither a window nor a display is needed. The same view gives the
+/// same picture to the bit, on the same driver. GUI thread; must be destroyed before the program's end is
+/// left to static objects.
 class PictureRenderer
 {
 public:
@@ -29,8 +30,8 @@ public:
     PictureRenderer(const PictureRenderer&) = delete;
     PictureRenderer& operator=(const PictureRenderer&) = delete;
 
-    /// `size` in pixels; an empty one gives an error. The view's clipping planes are fitted to the scene, its camera is
-    /// left alone else. What it takes to draw is kept for the next picture.
+    /// `size` in pixels; an empty one gives an error. The view's clipping planes are fitted to the scene, its
+    /// camera is left alone else. What it takes to draw is kept for the next picture.
     Picture render(SceneView& view, const QSize& size);
 
 private:

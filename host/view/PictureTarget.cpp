@@ -115,7 +115,8 @@ QImage PictureTarget::read()
     glBindFramebuffer(GL_FRAMEBUFFER, _pictureFrame);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glReadPixels(0, 0, _size.width(), _size.height(), GL_RGBA, GL_UNSIGNED_BYTE, image.bits());
-    // OpenGL's first row is the lowest one. Translucent things leave their mark on the alpha bytes: a picture has none.
+    // OpenGL's first row is the lowest one. Translucent things leave their mark on the alpha bytes: a picture
+    // has none.
     return std::move(image).mirrored().convertToFormat(QImage::Format_RGB32);
 }
 

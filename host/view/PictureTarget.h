@@ -7,15 +7,16 @@
 namespace kthost
 {
 
-/// Where a picture is drawn: buffers of one size with four samples a pixel, so that edges are smooth. Made, used and
-/// destroyed while one and the same OpenGL context is current.
+/// Where a picture is drawn: buffers of one size with four samples a pixel, so that edges are smooth. Made,
+/// used and destroyed while one and the same OpenGL context is current.
 class PictureTarget
 {
 public:
     static constexpr int Samples = 4;
     static constexpr int MostPixels = 7680 * 4320; ///< Takes about a gigabyte.
 
-    /// `error` is left alone where all went well; else it says in one line why there is no target of this size.
+    /// `error` is left alone where all went well; else it says in one line why there is no target of this
+    /// size.
     PictureTarget(const QSize& size, QString& error);
     ~PictureTarget();
 

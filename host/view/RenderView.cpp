@@ -25,7 +25,8 @@ QWidget* madeReady(QWidget* widget)
 } // namespace
 
 RenderView::RenderView(SceneView& view, QWidget* parent)
-    : QWidget(parent), _view(view),
+    : QWidget(parent),
+      _view(view),
       _viewer(std::make_unique<Viewer>(view, madeReady(this), [this] { emit frameRendered(); })),
       _keys(new KeyReporter(this))
 {

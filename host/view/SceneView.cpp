@@ -5,6 +5,7 @@
 #include "host/view/ViewpointFollower.h"
 #include "host/vrml/CoinLibrary.h"
 #include "host/vrml/CoinRef.h"
+#include "host/vrml/NodeNames.h"
 
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/SbXfBox3f.h>
@@ -20,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <vector>
 
 namespace kthost
@@ -31,24 +33,41 @@ namespace
 constexpr float DefaultFieldOfView = 0.785398F;
 constexpr float DefaultDistance = 10.0F;
 
-/// The near plane is never nearer than this part of the far plane's distance: what depth buffers can tell apart.
-constexpr float NearestPart = 1.0F / 20000.0F;
+/// Half of what VRML97 lets come near a visitor unless the scene says otherwise.
+constexpr float DefaultNear = 0.125F;
 
-bool wantsHeadlight(SoNode* scene)
+/// The first one in the file is the bound one; null where there is none.
+SoVRMLNavigationInfo* navigationInfo(SoNode* scene)
 {
+    if (!scene)
+        return nullptr;
     const SoPathList found = findByType(scene, SoVRMLNavigationInfo::getClassTypeId());
-    if (found.getLength() == 0)
-        return true;
-    return static_cast<SoVRMLNavigationInfo*>(found[0]->getTail())->headlight.getValue();
+    return found.getLength() == 0 ? nullptr : static_cast<SoVRMLNavigationInfo*>(found[0]->getTail());
 }
 
-QString labelOf(const SoPath& path, int number)
+float visitorsNear(const SoVRMLNavigationInfo* info)
+{
+    const bool given = info && info->avatarSize.getNum() > 0 && info->avatarSize[0] > 0.0F;
+    return given ? info->avatarSize[0] / 2.0F : DefaultNear;
+}
+
+/// The near plane is not nearer than this. A camera within the scene's bounds could have it anywhere; but the
+/// nearer it is, the farther things must be apart for a depth buffer to tell which is in front.
+float nearLimit(float farthest, float visitor)
+{
+    constexpr float Wanted = 1.0F / 2000.0F;
+    constexpr float Possible = 1.0F / 20000.0F;
+    return std::max(farthest * Possible, std::min(farthest * Wanted, visitor));
+}
+
+QString labelOf(const SoPath& path, int number, const NodeNames* names)
 {
     const auto* viewpoint = static_cast<const SoVRMLViewpoint*>(path.getTail());
     if (viewpoint->description.getValue().getLength() > 0)
         return QString::fromUtf8(viewpoint->description.getValue().getString());
-    if (viewpoint->getName().getLength() > 0)
-        return QString::fromUtf8(viewpoint->getName().getString());
+    const std::string name = viewpoint->getName().getString();
+    if (!name.empty())
+        return QString::fromStdString(names ? names->original(name) : name);
     return QStringLiteral("Viewpoint %1").arg(number);
 }
 
@@ -63,10 +82,15 @@ SbViewportRegion regionOf(const QSize& size)
 struct SceneView::Nodes
 {
     Nodes()
-        : root(new SoSeparator), camera(new SoPerspectiveCamera), headlight(new SoDirectionalLight),
-          behind(new SoSeparator), content(new SoSeparator), overlay(new SoSeparator)
+        : root(new SoSeparator),
+          camera(new SoPerspectiveCamera),
+          headlight(new SoDirectionalLight),
+          behind(new SoSeparator),
+          content(new SoSeparator),
+          overlay(new SoSeparator)
     {
-        // Turned with the camera, and lighting all that follows: a transform separator keeps the turn to itself.
+        // Turned with the camera, and lighting all that follows: a transform separator keeps the turn to
+        // itself.
         auto* headlightFrame = new SoTransformSeparator;
         auto* turn = new SoRotation;
         turn->rotation.connectFrom(&camera->orientation);
@@ -90,11 +114,13 @@ struct SceneView::Nodes
     CoinRef<SoSeparator> content;
     CoinRef<SoSeparator> overlay;
     CoinRef<SoNode> scene;
+    float visitorsNear = DefaultNear;
 };
 
 struct SceneView::Viewpoints
 {
     std::vector<CoinRef<SoPath>> paths;
+    QStringList labels;
     int bound = -1;
     ViewpointFollower follower;
 };
@@ -109,23 +135,27 @@ SceneView::SceneView()
 
 SceneView::~SceneView() = default;
 
-void SceneView::setScene(SoNode* scene)
+void SceneView::setScene(SoNode* scene, const NodeNames* names)
 {
     const CoinRef<SoNode> kept(scene);
     _viewpoints = std::make_unique<Viewpoints>();
     _nodes->content->removeAllChildren();
     _nodes->behind->removeAllChildren();
     _nodes->scene = kept;
-    _nodes->headlight->on = !scene || wantsHeadlight(scene);
+    const SoVRMLNavigationInfo* info = navigationInfo(scene);
+    _nodes->headlight->on = !info || info->headlight.getValue();
+    _nodes->visitorsNear = visitorsNear(info);
     if (!scene || !hasBackground(scene))
         _nodes->behind->addChild(makeDefaultBackground());
     if (scene) {
         _nodes->content->addChild(scene);
-        if (SoNode* background = makeFirstBackgroundWin(scene))
+        if (SoNode* background = hiddenFirstBackground(scene))
             _nodes->content->addChild(background);
         const SoPathList found = findByType(scene, SoVRMLViewpoint::getClassTypeId());
-        for (int i = 0; i < found.getLength(); ++i)
+        for (int i = 0; i < found.getLength(); ++i) {
             _viewpoints->paths.emplace_back(found[i]);
+            _viewpoints->labels += labelOf(*found[i], i + 1, names);
+        }
     }
     _viewpoints->bound = _viewpoints->paths.empty() ? -1 : 0;
     resetCamera();
@@ -153,10 +183,7 @@ void SceneView::updateViewpoint()
 
 QStringList SceneView::viewpoints() const
 {
-    QStringList labels;
-    for (const CoinRef<SoPath>& path : _viewpoints->paths)
-        labels += labelOf(*path, labels.size() + 1);
-    return labels;
+    return _viewpoints->labels;
 }
 
 int SceneView::boundViewpoint() const
@@ -176,7 +203,8 @@ void SceneView::resetCamera()
 {
     SoPerspectiveCamera& camera = *_nodes->camera;
     if (_viewpoints->bound >= 0) {
-        _viewpoints->follower.bind(_viewpoints->paths[static_cast<std::size_t>(_viewpoints->bound)].get(), camera);
+        _viewpoints->follower.bind(_viewpoints->paths[static_cast<std::size_t>(_viewpoints->bound)].get(),
+                                   camera);
     } else {
         camera.heightAngle = DefaultFieldOfView;
         camera.orientation = SbRotation::identity();
@@ -214,12 +242,13 @@ void SceneView::fitClipping(const QSize& size)
     if (!std::isfinite(farthest) || farthest <= 0.0F)
         return; // all of it is behind the camera
     camera.farDistance = farthest;
-    camera.nearDistance = std::max(-seen.getMax()[2] * (1.0F - Slack), farthest * NearestPart);
+    camera.nearDistance =
+        std::max(-seen.getMax()[2] * (1.0F - Slack), nearLimit(farthest, _nodes->visitorsNear));
 }
 
 QColor SceneView::clearColor()
 {
-    return QColor(0xd9, 0xdd, 0xe0);
+    return Qt::black; // the sky of a Background without colours
 }
 
 } // namespace kthost

@@ -18,7 +18,8 @@ Viewer::Viewer(SceneView& view, QWidget* parent, std::function<void()> rendered)
     setPopupMenuEnabled(FALSE);
     setFeedbackVisibility(FALSE);
     setAnimationEnabled(FALSE); // a careless release would leave the scene spinning
-    setHeadlight(FALSE);        // the view brings its own
+    setHeadlight(FALSE);        // the view brings its own,
+    setAutoClipping(FALSE);     // and sees to its planes, so that pictures show what the window does
     setTransparencyType(SoGLRenderAction::SORTED_OBJECT_BLEND);
     const QColor color = SceneView::clearColor();
     setBackgroundColor(SbColor(static_cast<float>(color.redF()), static_cast<float>(color.greenF()),
@@ -45,6 +46,8 @@ void Viewer::viewAll()
 
 void Viewer::actualRedraw()
 {
+    const SbVec2s size = getGLSize();
+    _view.fitClipping(QSize(size[0], size[1]));
     SoQtExaminerViewer::actualRedraw();
     _rendered();
 }

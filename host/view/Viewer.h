@@ -9,7 +9,8 @@ namespace kthost
 
 class SceneView;
 
-/// The examiner viewer on a view: it turns, pans and zooms by mouse and wheel, and has no decoration and no modes.
+/// The examiner viewer on a view: it turns, pans and zooms by mouse and wheel, and has no decoration and no
+/// modes.
 class Viewer : public SoQtExaminerViewer
 {
 public:

@@ -15,7 +15,8 @@ namespace kthost
 namespace
 {
 
-/// How far before the camera the scene's middle lies: what examining turns about. Without a scene before it, some distance.
+/// How far before the camera the scene's middle lies: what examining turns about. Without a scene before it,
+/// some distance.
 float distanceToScene(SoPath& path, const CameraPose& pose)
 {
     constexpr float SomeDistance = 10.0F;
@@ -62,6 +63,12 @@ CameraPose placedAt(const CameraPose& frame, const CameraPose& seen)
     return pose;
 }
 
+/// As VRML97 has it: where the file gives no position, the reader's node says 0 0 0.
+SbVec3f positionOf(const SoVRMLViewpoint& viewpoint)
+{
+    return viewpoint.position.isDefault() ? SbVec3f(0.0F, 0.0F, 10.0F) : viewpoint.position.getValue();
+}
+
 } // namespace
 
 void ViewpointFollower::bind(SoPath* path, SoPerspectiveCamera& camera)
@@ -106,7 +113,7 @@ CameraPose ViewpointFollower::viewpointPose() const
     const SbMatrix& matrix = locate.getMatrix();
 
     CameraPose pose;
-    matrix.multVecMatrix(viewpoint->position.getValue(), pose.position);
+    matrix.multVecMatrix(positionOf(*viewpoint), pose.position);
     SbVec3f translation;
     SbVec3f scale;
     SbRotation rotation;
@@ -118,7 +125,8 @@ CameraPose ViewpointFollower::viewpointPose() const
 
 float ViewpointFollower::fieldOfView() const
 {
-    // VRML97 means the smaller angle of the two, and so does the camera with its usual mapping onto the window.
+    // VRML97 means the smaller angle of the two, and so does the camera with its usual mapping onto the
+    // window.
     constexpr float Narrowest = 0.001F;
     constexpr float Widest = 3.1F;
     const auto* viewpoint = static_cast<const SoVRMLViewpoint*>(_path->getTail());

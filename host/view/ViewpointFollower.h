@@ -24,8 +24,9 @@ struct CameraPose
     bool operator!=(const CameraPose& other) const { return !(*this == other); }
 };
 
-/// Ties a camera to a Viewpoint node: the camera goes where the viewpoint goes, however it is moved, by fields of its own or by
-/// nodes above it. What the user did to the camera in between stays, as seen from the viewpoint.
+/// Ties a camera to a Viewpoint node: the camera goes where the viewpoint goes, however it is moved, by
+/// fields of its own or by nodes above it. What the user did to the camera in between stays, as seen from the
+/// viewpoint.
 class ViewpointFollower
 {
 public:
@@ -42,7 +43,8 @@ private:
     CoinRef<SoPath> _path;
     CameraPose _viewpoint; ///< The viewpoint as last seen.
     CameraPose _given;     ///< What the camera last got from here; anything else in it is the user's doing.
-    CameraPose _offset;    ///< What the user added, in the viewpoint's own space. Kept, so that no error adds up.
+    CameraPose
+        _offset; ///< What the user added, in the viewpoint's own space. Kept, so that no error adds up.
     float _fieldOfView = 0.0F;
 };
 
