@@ -77,6 +77,7 @@ private:
     Dock* find(const QObject* object) const;
     QString freeName(const char* name, const QString& title) const;
     void place(const Dock& dock);
+    void fitFirstFloat(Dock& floated);
     void forget(const QObject* dock);
     void rebuildMenu();
     void showTitleMenu(const Dock& dock, const QPoint& position);
@@ -84,4 +85,5 @@ private:
     QMainWindow* _window;
     QMenu* _menu;
     std::vector<std::unique_ptr<Dock>> _docks;
+    bool _restoring = false;
 };

@@ -5,9 +5,11 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QDockWidget>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
+#include <QScreen>
 #include <QStatusBar>
 
 #include <algorithm>
@@ -28,10 +30,49 @@ QString stateKey()
     return QStringLiteral("windows/layout");
 }
 
-/// As a menu shows it unchanged.
-QString menuText(QString title)
+/// For menus, tabs and title bars, which all take an ampersand for the mark of a shortcut.
+QString withoutMnemonic(QString title)
 {
     return title.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QDockWidget* makeDock(const QString& name, QWidget* widget, const QIcon& icon, const QString& title,
+                      QMainWindow* window)
+{
+    auto* dock = new QDockWidget(withoutMnemonic(title), window);
+    dock->setObjectName(name);
+    dock->setWindowIcon(icon);
+    // A docked window has no corner of its own to be dragged by.
+    for (QStatusBar* bar : widget->findChildren<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly))
+        bar->setSizeGripEnabled(false);
+    return dock;
+}
+
+/// The dock's entry of the window menu.
+QAction* makeAction(QDockWidget* dock)
+{
+    auto* action = new QAction(dock->windowIcon(), dock->windowTitle(), dock);
+    action->setCheckable(true);
+    action->setChecked(!dock->isHidden());
+    action->setIconVisibleInMenu(false); // styles show either the icon or the tick
+    QObject::connect(action, &QAction::triggered, dock, [dock](bool shown) {
+        dock->setVisible(shown);
+        if (shown)
+            dock->raise();
+    });
+    return action;
+}
+
+/// `size` at `position`, moved and cut so that all of it is on the screen.
+QRect onScreen(const QPoint& position, const QSize& size, const QScreen* screen)
+{
+    const QRect room = screen->availableGeometry();
+    QRect placed(position, size.boundedTo(room.size()));
+    placed.moveRight(std::min(placed.right(), room.right()));
+    placed.moveBottom(std::min(placed.bottom(), room.bottom()));
+    placed.moveLeft(std::max(placed.left(), room.left()));
+    placed.moveTop(std::max(placed.top(), room.top()));
+    return placed;
 }
 
 } // namespace
@@ -45,6 +86,7 @@ struct QKTDockWindowManager::Dock
     bool visible;
     QPointer<QMenu> menu;
     QAction* action; ///< The entry of the window menu.
+    QSize floatSize; ///< What it takes when it first floats; empty from then on.
 };
 
 QKTDockWindowManager::QKTDockWindowManager(QMainWindow* window)
@@ -68,30 +110,22 @@ QDockWidget* QKTDockWindowManager::add(const char* name, const QString& group, Q
     if (const Dock* known = find(widget))
         return known->dock;
 
-    auto* dock = new QDockWidget(title, _window);
-    dock->setObjectName(freeName(name, title));
-    dock->setWindowIcon(icon);
+    QDockWidget* dock = makeDock(freeName(name, title), widget, icon, title, _window);
     dock->setProperty("helpId", help);
-    dock->setWidget(widget);
-    // A docked window has no corner of its own to be dragged by.
-    for (QStatusBar* bar : widget->findChildren<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly))
-        bar->setSizeGripEnabled(false);
+    const auto side = area == Qt::NoDockWidgetArea ? Qt::BottomDockWidgetArea : area;
+    const QSize size = widget->testAttribute(Qt::WA_Resized) ? widget->size() : widget->sizeHint();
+    _docks.push_back(
+        std::make_unique<Dock>(Dock{dock, widget, group, side, visible, menu, makeAction(dock), size}));
     dock->installEventFilter(this);
+    dock->setWidget(widget);
     connect(dock, &QObject::destroyed, this, &QKTDockWindowManager::forget);
+    connect(dock, &QDockWidget::topLevelChanged, this, [this, dock] { fitFirstFloat(*find(dock)); });
     connect(widget, &QObject::destroyed, dock, &QObject::deleteLater);
 
-    auto* action = new QAction(icon, menuText(title), dock);
-    action->setCheckable(true);
-    action->setChecked(!dock->isHidden());
-    connect(action, &QAction::triggered, dock, [dock](bool shown) {
-        dock->setVisible(shown);
-        if (shown)
-            dock->raise();
-    });
-
-    const auto side = area == Qt::NoDockWidgetArea ? Qt::BottomDockWidgetArea : area;
-    _docks.push_back(std::make_unique<Dock>(Dock{dock, widget, group, side, visible, menu, action}));
-    if (!_window->restoreDockWidget(dock))
+    _restoring = true;
+    const bool isRestored = _window->restoreDockWidget(dock);
+    _restoring = false;
+    if (!isRestored)
         place(*_docks.back());
     rebuildMenu();
     return dock;
@@ -153,7 +187,10 @@ bool QKTDockWindowManager::saveLayout() const
 bool QKTDockWindowManager::restoreLayout()
 {
     const QByteArray state = UiSettings::value(stateKey()).toByteArray();
-    if (state.isEmpty() || !_window->restoreState(state, layoutVersion))
+    _restoring = true;
+    const bool isRestored = !state.isEmpty() && _window->restoreState(state, layoutVersion);
+    _restoring = false;
+    if (!isRestored)
         return false;
     _window->restoreGeometry(UiSettings::value(geometryKey()).toByteArray());
     for (const auto& known : _docks)
@@ -172,6 +209,17 @@ void QKTDockWindowManager::resetLayout()
         place(*known);
 }
 
+void QKTDockWindowManager::fitFirstFloat(Dock& floated)
+{
+    // A dock as wide as the main window would float that wide. One that is being dragged must stay under the
+    // mouse.
+    if (_restoring || !floated.dock->isFloating() || QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    if (!floated.floatSize.isEmpty())
+        floated.dock->setGeometry(onScreen(floated.dock->pos(), floated.floatSize, _window->screen()));
+    floated.floatSize = QSize();
+}
+
 void QKTDockWindowManager::rebuildMenu()
 {
     _menu->clear();
@@ -180,7 +228,7 @@ void QKTDockWindowManager::rebuildMenu()
         if (!groups.contains(known->group))
             groups << known->group;
     for (const QString& group : groups) {
-        _menu->addSection(menuText(group));
+        _menu->addSection(withoutMnemonic(group));
         for (const auto& known : _docks)
             if (known->group == group)
                 _menu->addAction(known->action);

@@ -20,6 +20,7 @@ protected:
         run.window.addDockWidget(Qt::LeftDockWidgetArea, tree);
         console->close();
         panel->setFloating(true);
+        panel->resize(333, 222);
         run.window.resize(900, 600);
         QApplication::processEvents();
         ASSERT_TRUE(run.docks->saveLayout());
@@ -33,6 +34,7 @@ protected:
         EXPECT_FALSE(run.window.findChild<QDockWidget*>("Console")->isVisible());
         EXPECT_TRUE(run.window.findChild<QDockWidget*>("Panel")->isFloating());
         EXPECT_TRUE(run.window.findChild<QDockWidget*>("Panel")->isVisible());
+        EXPECT_EQ(run.window.findChild<QDockWidget*>("Panel")->size(), QSize(333, 222));
         EXPECT_EQ(run.window.size(), QSize(900, 600));
     }
 

@@ -3,7 +3,9 @@
 #include <QContextMenuEvent>
 #include <QPixmap>
 #include <QPointer>
+#include <QScreen>
 #include <QStatusBar>
+#include <QTabBar>
 
 #include <memory>
 
@@ -239,6 +241,37 @@ TEST_F(DockWindowManagerTest, GetsAlongWithoutAMenuThatWentAway)
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(menu->actions().count(), 2);
     menu->close();
+}
+
+TEST_F(DockWindowManagerTest, FloatsAtTheSizeTheWidgetHadBeforeAndOnTheScreen)
+{
+    auto* panel = new QLabel("panel");
+    panel->resize(400, 200);
+    QDockWidget* dock =
+        docks->add("Panel", "", panel, "", QIcon(), "Panel", Qt::BottomDockWidgetArea, true, nullptr);
+    show();
+    ASSERT_GT(dock->width(), 900);
+
+    dock->setFloating(true);
+    EXPECT_EQ(dock->size(), QSize(400, 200));
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(dock->geometry()));
+
+    dock->resize(500, 250); // the user's own size from then on
+    QApplication::processEvents();
+    dock->setFloating(false);
+    dock->setFloating(true);
+    EXPECT_EQ(dock->size(), QSize(500, 250));
+}
+
+TEST_F(DockWindowManagerTest, ShowsAnAmpersandOfTheTitle)
+{
+    add("Materials & Lights");
+    add("Panel");
+    show();
+
+    const auto* tabs = window.findChild<QTabBar*>();
+    ASSERT_NE(tabs, nullptr);
+    EXPECT_EQ(tabs->tabText(0), "Materials && Lights"); // what a tab, like a menu, shows as one
 }
 
 TEST_F(DockWindowManagerTest, TakesTheSizeGripOffADockedWindow)
