@@ -1,0 +1,12 @@
+# The start of the window. The probe is the window, the benchmark starts and times it.
+find_package(SoQt REQUIRED)
+add_executable(startupProbe startupProbe.cpp)
+kt_configure_target(startupProbe)
+set_target_properties(startupProbe PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bench")
+target_link_libraries(startupProbe PRIVATE kthostApp SoQt::SoQt)
+
+kt_add_bench(NAME startupBench SOURCES startupBench.cpp support/benchMain.cpp LIBRARIES Qt5::Core)
+target_compile_definitions(startupBench PRIVATE
+    KT_STARTUP_PROBE="$<TARGET_FILE:startupProbe>"
+    KT_PLUGIN_FOLDER="$<TARGET_FILE_DIR:ktAnimation>")
+add_dependencies(startupBench startupProbe ktAnimation)
