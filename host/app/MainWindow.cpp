@@ -104,7 +104,7 @@ void MainWindow::buildMenus()
     _viewpointMenu = view->addMenu(tr("&Viewpoints"));
     connect(_viewpointMenu, &QMenu::aboutToShow, this, &MainWindow::fillViewpointMenu);
 
-    // menuBar()->addMenu(_docks->windowMenu());
+    menuBar()->addMenu(_docks->windowMenu());
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About kthost"), this, &MainWindow::showAbout);
 }
@@ -212,6 +212,12 @@ void MainWindow::showTime(double seconds)
 {
     _sceneView.updateViewpoint();
     _timeLabel->setText(tr("%1 s").arg(seconds, 0, 'f', 1));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    _docks->saveLayout();
+    QMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -44,6 +44,9 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
+    /// The layout of the docks is kept for the next run.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void buildDocks(const HostLog& log);
     void buildMenus();

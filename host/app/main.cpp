@@ -89,6 +89,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     int status = 0;
     try {
         loadPlugins(plugins, line);
+        window.docks().restoreLayout();
         window.show();
         if (!line.file.isEmpty())
             session.open(line.file);

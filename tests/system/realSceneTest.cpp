@@ -100,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
         Listed{"22-utf8-bom/chinese1-bom.wrl", {}},
         Listed{"made/names-utf8.wrl",
                {"Öffnen_Tür", "扉を開く", "窓を開く", "Дверь", "été", "emoji_😀", "plain"}}),
-    [](const auto& info) { return "Scene" + std::to_string(info.index); });
+    [](const auto& scene) { return "Scene" + std::to_string(scene.index); });
 
 INSTANTIATE_TEST_SUITE_P(Real, RefusedScene,
                          testing::Values(Refused{"08-externproto-urn/Untitled.wrl",
@@ -108,4 +108,4 @@ INSTANTIATE_TEST_SUITE_P(Real, RefusedScene,
                                          Refused{"16-broken-house/house.wrl", "house.wrl, line 1899: "},
                                          Refused{"17-x3d-statements/index.wrl", "index.wrl, line 3: "},
                                          Refused{"made/truncated.wrl", "truncated.wrl, line 8: "}),
-                         [](const auto& info) { return "Scene" + std::to_string(info.index); });
+                         [](const auto& scene) { return "Scene" + std::to_string(scene.index); });
