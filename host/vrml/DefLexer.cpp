@@ -192,9 +192,12 @@ std::string DefLexer::rewrite(std::string_view text, NodeNames& names)
 {
     if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
         text.remove_prefix(byteOrderMark.size());
-    if (text.substr(0, header.size()) != header)
-        return std::string(text);
-    return Rewriter(text, names).run();
+    return isVrml97(text) ? Rewriter(text, names).run() : std::string(text);
+}
+
+bool DefLexer::isVrml97(std::string_view text)
+{
+    return text.substr(0, header.size()) == header;
 }
 
 } // namespace kthost

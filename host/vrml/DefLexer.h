@@ -19,6 +19,9 @@ class DefLexer
 {
 public:
     static std::string rewrite(std::string_view text, NodeNames& names);
+
+    /// True where the text begins with the header of VRML97.
+    static bool isVrml97(std::string_view text);
 };
 
 } // namespace kthost

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace kthost
@@ -24,8 +26,21 @@ namespace
 /// end.
 constexpr std::size_t deepestFile = 64;
 
-/// The library posts this once a process; SceneBuilder counts the scripts of each scene instead.
-constexpr const char* noScripts = "No script language evaluation engine available.";
+/// What the library posts once a process, whatever the scene: about its missing script engine (SceneBuilder
+/// counts the scripts of each scene instead) and its sound. Beginnings of messages.
+constexpr std::string_view aboutTheLibrary[] = {"No script language evaluation engine available.",
+                                                "You are using a SoVRMLSound node"};
+
+bool startsWith(const std::string& text, std::string_view beginning)
+{
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+bool isAboutTheScene(const ReaderMessage& message)
+{
+    return std::none_of(std::begin(aboutTheLibrary), std::end(aboutTheLibrary),
+                        [&](std::string_view beginning) { return startsWith(message.words, beginning); });
+}
 
 /// The folder that the library and the textures are looked up in, for the time of one file.
 class SearchFolder
@@ -56,12 +71,13 @@ std::string located(const std::string& name, const ReaderMessage& message)
 }
 
 /// The message that says why the reader gave up: of those that it posted last, at one line, the first one.
-/// What follows it are the callers' comments; what went before, at other lines, did not stop it.
+/// What follows it are the callers' comments; what went before, at other lines, did not stop it. Routes never
+/// do, though those that lead nowhere are reported once more at the end of the file.
 const ReaderMessage* reasonOf(const std::vector<ReaderMessage>& messages)
 {
     const ReaderMessage* reason = nullptr;
     for (auto message = messages.rbegin(); message != messages.rend(); ++message) {
-        if (!message->isReadError)
+        if (!message->isReadError || startsWith(message->words, "Unable to create ROUTE"))
             continue;
         if (reason && message->line != reason->line)
             break;
@@ -121,6 +137,11 @@ CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::st
 CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile file, std::string& error)
 {
     const std::string text = DefLexer::rewrite(bytes, _result.names);
+    // The library reads whatever it is given, other formats too, and stumbles over them somewhere.
+    if (!DefLexer::isVrml97(text)) {
+        error = file.name + ", line 1: it does not begin with \"#VRML V2.0 utf8\"";
+        return {};
+    }
     const SearchFolder folder(file.folder);
     _files.push_back(std::move(file));
     SoInput input;
@@ -142,7 +163,7 @@ CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile fi
 
 void ReadingSession::receive(ReaderMessage message)
 {
-    if (_files.empty() || message.words == noScripts)
+    if (_files.empty() || !isAboutTheScene(message))
         return;
     message.words = _result.names.translate(message.words);
     _files.back().messages.push_back(std::move(message));

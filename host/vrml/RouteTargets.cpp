@@ -35,6 +35,20 @@ struct FieldOf<SbTime>
     using Type = SoSFTime;
 };
 
+/// Sets the value and nothing else. The field's own setter would announce it at once, at the price of a lock
+/// and of a walk up the scene for each value.
+template <class Value>
+void writeInSilence(SoField& field, Value value)
+{
+    using Field = typename FieldOf<Value>::Type;
+    struct Opened : Field
+    {
+        static constexpr auto valueMember() { return &Opened::value; }
+    };
+    static_cast<Field&>(field).*Opened::valueMember() = value;
+    field.setDirty(FALSE);
+}
+
 /// VRML97 wants both ends of a route to be of one type; the reader also lets others through, by way of their
 /// text.
 template <class Value>
@@ -44,7 +58,9 @@ void writeText(SoField& field, Value value)
     source.setValue(value);
     SbString text;
     source.get(text);
+    const SbBool wasNotifying = field.enableNotify(FALSE);
     field.set(text.getString());
+    field.enableNotify(wasNotifying);
 }
 
 } // namespace
@@ -61,19 +77,16 @@ RouteTargets::RouteTargets(SoEngineOutput& output)
     }
 }
 
-// The value is written in silence and announced with a copy of the frame's list. Each node above is then told
-// once a frame and not once a value, since it ignores an announcement that is no younger than the last one it
-// has passed on.
+// Each value is announced with a copy of the frame's list. A node above is then told once a frame and not
+// once a value, since it ignores an announcement that is no younger than the last one that it has passed on.
 template <class Value>
 void RouteTargets::send(Value value, const SoNotList& frame) const
 {
     for (const Target& target : _targets) {
-        const SbBool wasNotifying = target.field->enableNotify(FALSE);
         if (target.hasOutputType)
-            static_cast<typename FieldOf<Value>::Type*>(target.field)->setValue(value);
+            writeInSilence(*target.field, value);
         else
             writeText(*target.field, value);
-        target.field->enableNotify(wasNotifying);
         SoNotList announcement(&frame);
         target.field->notify(&announcement);
     }

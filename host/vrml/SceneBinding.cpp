@@ -81,11 +81,22 @@ void SceneBinding::start(double now)
 void SceneBinding::apply(const osg::ChangeList& changes)
 {
     const Frame frame;
+    std::size_t next = 0;
     for (const osg::ChangeList::Entry& change : changes.entries()) {
-        const auto place = _places.find(change.container.get());
-        if (place != _places.end())
-            send(*_sensors[place->second], change.mask, _routes[place->second], frame.list());
+        const std::size_t place = placeOf(change.container.get(), next);
+        if (place == _sensors.size())
+            continue;
+        send(*_sensors[place], change.mask, _routes[place], frame.list());
+        next = place + 1;
     }
+}
+
+std::size_t SceneBinding::placeOf(const osg::FieldContainer* container, std::size_t guess) const
+{
+    if (guess < _sensors.size() && _sensors[guess].get() == container)
+        return guess;
+    const auto place = _places.find(container);
+    return place != _places.end() ? place->second : _sensors.size();
 }
 
 void SceneBinding::send(const osg::TimeSensor& sensor, osg::FieldMask mask, Routes& routes,

@@ -52,6 +52,10 @@ private:
             -1.0; ///< Number of the cycle, from 0, that was announced last; -1 before the first.
     };
 
+    /// Where the sensor is in _sensors, or its size for a stranger. A frame's entries mostly come in the
+    /// order of _sensors, so the place after the last one is worth a `guess`.
+    std::size_t placeOf(const osg::FieldContainer* container, std::size_t guess) const;
+
     static bool runsAtOnce(const SoVRMLTimeSensor& source);
     static void send(const osg::TimeSensor& sensor, osg::FieldMask mask, Routes& routes,
                      const SoNotList& frame);

@@ -8,6 +8,7 @@
 
 #include <Inventor/VRMLnodes/SoVRMLScript.h>
 #include <Inventor/VRMLnodes/SoVRMLTimeSensor.h>
+#include <Inventor/misc/SoProtoInstance.h>
 
 #include <cstdint>
 #include <string>
@@ -38,6 +39,14 @@ osg::TimeSensorPtr createSensor(const SoVRMLTimeSensor& source)
     // Nothing has elapsed yet, so that a sensor that is continued begins at the beginning.
     sensor->setTime(sensor->getStartTime());
     return sensor;
+}
+
+/// A prototype instance stands in the scene as the first node of its body; what the file calls it goes before
+/// that node's name in the body.
+SbName nameOf(SoNode& source)
+{
+    const SoProtoInstance* const instance = SoProtoInstance::findProtoInstance(&source);
+    return instance && instance->getName().getLength() > 0 ? instance->getName() : source.getName();
 }
 
 class Walk
@@ -80,7 +89,7 @@ private:
     osg::NodePtr createNode(SoNode& source)
     {
         osg::NodePtr node = osg::Node::create(createCore(source));
-        const SbName name = source.getName();
+        const SbName name = nameOf(source);
         if (name.getLength() > 0)
             node->addAttachment(osg::Name::create(_names.original(name.getString())));
         return node;

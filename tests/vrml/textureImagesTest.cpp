@@ -1,0 +1,113 @@
+#include "host/vrml/TextureImages.h"
+
+#include "tests/vrml/BuiltScene.h"
+#include "tests/vrml/SceneFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <Inventor/SbImage.h>
+#include <Inventor/VRMLnodes/SoVRMLBox.h>
+#include <Inventor/actions/SoCallbackAction.h>
+
+#include <QImage>
+#include <QString>
+
+#include <vector>
+
+namespace kthost
+{
+namespace
+{
+
+class TextureImagesTest : public testing::Test
+{
+protected:
+    std::string save(const std::string& name, const QImage& picture) const
+    {
+        EXPECT_TRUE(picture.save(QString::fromStdString(folder.path(name))));
+        return folder.path(name);
+    }
+
+    static std::vector<int> pixelsOf(const SbImage& image, int& components)
+    {
+        SbVec2s size;
+        const unsigned char* const bytes = image.getValue(size, components);
+        return bytes ? std::vector<int>(bytes, bytes + size[0] * size[1] * components) : std::vector<int>();
+    }
+
+    static SoCallbackAction::Response readTextureSize(void* size, SoCallbackAction* action, const SoNode*)
+    {
+        int ignored = 0;
+        action->getTextureImage(*static_cast<SbVec2s*>(size), ignored);
+        return SoCallbackAction::CONTINUE;
+    }
+
+    test::SceneFolder folder;
+    SbImage image;
+    int components = 0;
+};
+
+TEST_F(TextureImagesTest, PutsTheRowsBottomUpWithoutPadding)
+{
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(QColor(10, 20, 30));
+    picture.setPixelColor(0, 0, QColor(1, 2, 3));
+    picture.setPixelColor(2, 1, QColor(7, 8, 9));
+    ASSERT_TRUE(TextureImages::read(save("a.png", picture), image));
+    EXPECT_EQ(pixelsOf(image, components),
+              (std::vector<int>{10, 20, 30, 10, 20, 30, 7, 8, 9, 1, 2, 3, 10, 20, 30, 10, 20, 30}));
+    EXPECT_EQ(components, 3);
+}
+
+TEST_F(TextureImagesTest, KeepsTransparencyAndGrey)
+{
+    QImage glass(1, 1, QImage::Format_ARGB32);
+    glass.fill(QColor(1, 2, 3, 4));
+    ASSERT_TRUE(TextureImages::read(save("glass.png", glass), image));
+    EXPECT_EQ(pixelsOf(image, components), (std::vector<int>{1, 2, 3, 4}));
+
+    QImage grey(1, 1, QImage::Format_Grayscale8);
+    grey.fill(77);
+    ASSERT_TRUE(TextureImages::read(save("grey.png", grey), image));
+    EXPECT_EQ(pixelsOf(image, components), std::vector<int>{77});
+}
+
+TEST_F(TextureImagesTest, RefusesWhatIsNoImage)
+{
+    EXPECT_FALSE(TextureImages::read(folder.path("none.png"), image));
+    EXPECT_FALSE(TextureImages::read(folder.write("text.png", "no image"), image));
+    EXPECT_FALSE(TextureImages::read(folder.write("empty.png", ""), image));
+    EXPECT_FALSE(TextureImages::read(save("wide.png", QImage(16385, 1, QImage::Format_Mono)), image));
+    EXPECT_TRUE(pixelsOf(image, components).empty());
+}
+
+TEST_F(TextureImagesTest, LoadsATextureFromTheFolderOfTheFileThatNamesIt)
+{
+    folder.makeFolder("parts");
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    save("parts/Holz \xC3\xBC.jpg", picture);
+    folder.writeScene("parts/part.wrl", "Shape { appearance Appearance { texture ImageTexture {\n"
+                                        "url [ \"none.png\" \"Holz \xC3\xBC.jpg\" ] } } geometry Box {} }");
+    const test::BuiltScene scene(folder.writeScene("scene.wrl", "Inline { url \"parts/part.wrl\" }"));
+    ASSERT_TRUE(scene.reading) << scene.reading.error;
+    EXPECT_EQ(scene.reading.warnings.total(), 0U);
+
+    SbVec2s size;
+    SoCallbackAction action;
+    action.addPreCallback(SoVRMLBox::getClassTypeId(), readTextureSize, &size);
+    action.apply(scene.reading.root.get());
+    EXPECT_EQ(size, SbVec2s(2, 2));
+}
+
+TEST_F(TextureImagesTest, WarnsOfAMissingTexture)
+{
+    const test::BuiltScene scene(folder.writeScene(
+        "scene.wrl", "Appearance { texture ImageTexture {\nurl \"http://example.org/a.png\" } }"));
+    ASSERT_TRUE(scene.reading) << scene.reading.error;
+    ASSERT_EQ(scene.reading.warnings.total(), 1U);
+    EXPECT_NE(scene.reading.warnings.entries()[0].text.find("http://example.org/a.png"), std::string::npos);
+}
+
+} // namespace
+} // namespace kthost
