@@ -114,13 +114,16 @@ TEST_F(CameraTest, NothingIsClippedNearOrFar)
 
 TEST_F(CameraTest, WhatIsCloseTogetherStaysApartInAVastScene)
 {
-    const char* const vast =
-        "NavigationInfo { headlight FALSE } Background {} Viewpoint { position 0 0 30 } "
-        "Shape { geometry Box { size 8 8 0.02 } appearance Appearance { material Material { "
-        "diffuseColor 0 0 0 } } } Transform { translation 0 0 0.015 rotation 0 1 0 0.001 children Shape { "
-        "geometry Box { "
-        "size 7 7 0.02 } appearance DEF Glow Appearance { material Material { emissiveColor 1 1 1 } } } } "
-        "Transform { translation 0 0 99 children Shape { geometry Box {} appearance USE Glow } }";
+    // The black board stands just behind the glowing one and is drawn after it; a third thing is far behind
+    // the camera.
+    const char* const vast = R"(
+        NavigationInfo { headlight FALSE } Background {} Viewpoint { position 0 0 30 }
+        Transform { translation 0 0 0.015 children Shape { geometry Box { size 7 7 0.02 }
+            appearance DEF Glow Appearance { material Material { emissiveColor 1 1 1 } } } }
+        Shape { geometry Box { size 8 8 0.02 }
+            appearance Appearance { material Material { diffuseColor 0 0 0 } } }
+        Transform { translation 0 0 99 children Shape { geometry Box {} appearance USE Glow } }
+    )";
     const QImage picture = drawn(vast, QSize(200, 200));
 
     int lit = 0;
