@@ -32,6 +32,8 @@ public:
 
     /// Stores `value` under `key`, in place of an older one. `persistent` says whether the attribute is
     /// written to the project's file where the message is the project; for other messages it has no effect.
+    /// Values of the types bool, int, double, std::string and std::vector<std::string> outlive the library
+    /// that set them; others are to be removed before it is unloaded.
     void set(const std::string& key, const boost::any& value, bool persistent = true);
 
     /// Takes the attribute away; a missing one is ignored.

@@ -3,6 +3,30 @@
 #include <execinfo.h>
 #include <unistd.h>
 
+#include <vector>
+
+namespace
+{
+
+/// Holds a T anew, in code of ours; false where the value is of another type.
+template <class T>
+bool hold(boost::any& slot, const boost::any& value)
+{
+    const T* held = boost::any_cast<T>(&value);
+    if (held)
+        slot = T(*held);
+    return held != nullptr;
+}
+
+template <class... Types>
+boost::any heldByUs(const boost::any& value)
+{
+    boost::any slot;
+    return (hold<Types>(slot, value) || ...) ? slot : value;
+}
+
+} // namespace
+
 const boost::any& ktMessage::get(const std::string& key) const
 {
     static const boost::any none;
@@ -12,7 +36,8 @@ const boost::any& ktMessage::get(const std::string& key) const
 
 void ktMessage::set(const std::string& key, const boost::any& value, bool persistent)
 {
-    _attributes[key] = value;
+    // A value that a plug-in made is destroyed by the plug-in's code, which may be unloaded by then.
+    _attributes[key] = heldByUs<bool, int, double, std::string, std::vector<std::string>>(value);
     _persistence[key] = persistent;
 }
 
