@@ -4,7 +4,7 @@
 
 #include <Inventor/fields/SoFieldContainer.h>
 
-#include <vector>
+#include <boost/container/small_vector.hpp>
 
 class SoEngineOutput;
 class SoField;
@@ -37,7 +37,8 @@ private:
         CoinRef<SoFieldContainer> owner;
     };
 
-    std::vector<Target> _targets;
+    // Most outputs lead to one field; it is kept in place, since a frame goes through thousands of these.
+    boost::container::small_vector<Target, 1> _targets;
 };
 
 } // namespace kthost
