@@ -76,11 +76,11 @@ private:
 
     Dock* find(const QObject* object) const;
     QString freeName(const char* name, const QString& title) const;
-    void place(const Dock& dock);
+    void place(const Dock& known);
     void fitFirstFloat(Dock& floated);
     void forget(const QObject* dock);
     void rebuildMenu();
-    void showTitleMenu(const Dock& dock, const QPoint& position);
+    void showTitleMenu(const Dock& known, const QPoint& position);
 
     QMainWindow* _window;
     QMenu* _menu;

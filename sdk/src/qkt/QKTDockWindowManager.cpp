@@ -155,20 +155,20 @@ QString QKTDockWindowManager::freeName(const char* name, const QString& title) c
     return free;
 }
 
-void QKTDockWindowManager::place(const Dock& placed)
+void QKTDockWindowManager::place(const Dock& known)
 {
-    _window->addDockWidget(placed.area, placed.dock);
+    _window->addDockWidget(known.area, known.dock);
     for (const auto& other : _docks) {
-        const bool isNeighbour = other->dock != placed.dock && !other->dock->isFloating() &&
-                                 _window->dockWidgetArea(other->dock) == placed.area;
+        const bool isNeighbour = other->dock != known.dock && !other->dock->isFloating() &&
+                                 _window->dockWidgetArea(other->dock) == known.area;
         if (isNeighbour) {
-            _window->tabifyDockWidget(other->dock, placed.dock);
+            _window->tabifyDockWidget(other->dock, known.dock);
             break;
         }
     }
-    placed.dock->setVisible(placed.visible);
-    if (placed.visible)
-        placed.dock->raise();
+    known.dock->setVisible(known.visible);
+    if (known.visible)
+        known.dock->raise();
 }
 
 void QKTDockWindowManager::forget(const QObject* dock)
@@ -193,9 +193,6 @@ bool QKTDockWindowManager::restoreLayout()
     if (!isRestored)
         return false;
     _window->restoreGeometry(UiSettings::value(geometryKey()).toByteArray());
-    for (const auto& known : _docks)
-        if (!known->dock->isFloating() && _window->dockWidgetArea(known->dock) == Qt::NoDockWidgetArea)
-            place(*known);
     return true;
 }
 

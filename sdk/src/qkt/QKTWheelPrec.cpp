@@ -50,7 +50,6 @@ QKTWheelPrec::QKTWheelPrec(QWidget* parent)
     setFocusProxy(_field);
     _field->installEventFilter(this);
     connect(_field, &QLineEdit::textEdited, this, &QKTWheelPrec::textEdited);
-    connect(_thumb, &ThumbWheel::grabbed, this, [this] { _field->setFocus(Qt::MouseFocusReason); });
     connect(_thumb, &ThumbWheel::turned, this, [this](int notches, Qt::KeyboardModifiers modifiers) {
         stepByTenths(notches * tenthsOfStep(modifiers));
     });
@@ -110,8 +109,10 @@ void QKTWheelPrec::stepByTenths(qint64 tenths)
 {
     commitText();
     const qint64 total = _tenths + tenths;
-    double reached = _anchor + static_cast<double>(total / 10) * _singleStep +
-                     static_cast<double>(total % 10) * (_singleStep / 10.0);
+    const qint64 whole = total / 10;
+    const qint64 rest = total % 10;
+    double reached =
+        _anchor + static_cast<double>(whole) * _singleStep + static_cast<double>(rest) * (_singleStep / 10.0);
     if (std::abs(reached) < _singleStep * 1e-9)
         reached = 0.0; // 0.3 less three steps of 0.1 is not 5.6e-17
     const double held = std::clamp(reached, _minimum, _maximum);

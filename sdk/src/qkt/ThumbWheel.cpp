@@ -50,7 +50,6 @@ void ThumbWheel::mousePressEvent(QMouseEvent* event)
     _lastX = event->x();
     _pending = 0;
     update();
-    emit grabbed();
 }
 
 void ThumbWheel::mouseMoveEvent(QMouseEvent* event)

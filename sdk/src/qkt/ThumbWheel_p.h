@@ -20,9 +20,6 @@ public:
     QSize minimumSizeHint() const override;
 
 signals:
-    /// The mouse took hold of the wheel.
-    void grabbed();
-
     /// Dragged on by so many notches, to the right where positive.
     void turned(int notches, Qt::KeyboardModifiers modifiers);
 

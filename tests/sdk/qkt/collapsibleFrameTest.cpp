@@ -124,6 +124,9 @@ TEST_F(CollapsibleFrameTest, NeedsOnlyTheHeightOfItsCaptionWhenFolded)
 
 TEST_F(CollapsibleFrameTest, LeavesTheFocusToTheCaptionWhenItsPageFolds)
 {
+    QLineEdit next(frame.parentWidget()); // where Qt would take the focus to
+    next.show();
+    QWidget::setTabOrder(shown.page, &next);
     shown.page->setFocus();
     frame.setCollapsed(true);
 

@@ -20,7 +20,11 @@ TEST_F(WheelPrecValueTest, KeepsTheNumberExactlyAsItWasSet)
     EXPECT_EQ(wheel->text(), "0.333333");
 
     field()->setFocus();
-    press(Qt::Key_Return); // the shortened text is no other number
+    press(Qt::Key_Return);
+    press(Qt::Key_End); // typing on, and back to the shortened text: no other number
+    QTest::keyClicks(field(), "5");
+    press(Qt::Key_Backspace);
+    ASSERT_EQ(wheel->text(), "0.333333");
     neighbour->setFocus();
     EXPECT_EQ(wheel->value(), 1.0 / 3.0);
 }
