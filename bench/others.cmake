@@ -10,3 +10,8 @@ target_compile_definitions(startupBench PRIVATE
     KT_STARTUP_PROBE="$<TARGET_FILE:startupProbe>"
     KT_PLUGIN_FOLDER="$<TARGET_FILE_DIR:ktAnimation>")
 add_dependencies(startupBench startupProbe ktAnimation)
+
+# Driving animations through the built plug-in.
+kt_add_bench(NAME driveBench SOURCES driveBench.cpp LIBRARIES kt::Host Qt5::Widgets)
+target_compile_definitions(driveBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
+add_dependencies(driveBench ktAnimation)

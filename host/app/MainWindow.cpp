@@ -192,7 +192,7 @@ void MainWindow::showAbout()
 
 void MainWindow::showScene()
 {
-    _sceneView.setScene(_session.drawing());
+    _sceneView.setScene(_session.drawing(), _session.names());
     _sceneTree->refresh();
     setWindowFilePath(_session.file());
     if (_session.file().isEmpty()) {

@@ -25,7 +25,7 @@ SceneView& Pictures::view()
         return *_shared;
     if (!_own) {
         _own = std::make_unique<SceneView>();
-        _own->setScene(_session.drawing());
+        _own->setScene(_session.drawing(), _session.names());
     }
     return *_own;
 }

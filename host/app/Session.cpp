@@ -75,6 +75,11 @@ SoNode* Session::drawing() const
     return _scene ? _scene->reader.root.get() : nullptr;
 }
 
+const NodeNames* Session::names() const
+{
+    return _scene ? &_scene->reader.names : nullptr;
+}
+
 void Session::open(const QString& file)
 {
     SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString());

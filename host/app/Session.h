@@ -12,6 +12,8 @@ class SoNode;
 namespace kthost
 {
 
+class NodeNames;
+
 /// What is open in the host: one scene, its clock, its animations. GUI thread; one at a time.
 class Session : public QObject
 {
@@ -34,6 +36,9 @@ public:
 
     /// What is drawn; null where no scene is open. Owned by the session until the next open() or close().
     SoNode* drawing() const;
+
+    /// The names behind the drawing's stand-ins; null where no scene is open.
+    const NodeNames* names() const;
 
     FrameLoop& frames() { return _frames; }
 

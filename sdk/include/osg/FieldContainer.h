@@ -31,6 +31,9 @@ public:
     void subRef() const;
 
 protected:
+    /// How many own this container.
+    int references() const { return _references; }
+
     FieldContainer() = default;
     virtual ~FieldContainer();
 

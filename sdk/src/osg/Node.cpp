@@ -34,8 +34,21 @@ NodePtr Node::create(const NodeCorePtr& core)
 
 Node::~Node()
 {
-    for (const NodePtr& child : _children)
-        child->_parent = nullptr;
+    // One after the other instead of one within the other: scenes nest deeper than the stack is.
+    std::vector<NodePtr> orphans = std::move(_children);
+    for (const NodePtr& orphan : orphans)
+        orphan->_parent = nullptr;
+    while (!orphans.empty()) {
+        const NodePtr orphan = std::move(orphans.back());
+        orphans.pop_back();
+        if (orphan->references() > 1)
+            continue;
+        for (const NodePtr& child : orphan->_children) {
+            child->_parent = nullptr;
+            orphans.push_back(child);
+        }
+        orphan->_children.clear();
+    }
     if (_core)
         _core->_nodes.erase(std::find(_core->_nodes.begin(), _core->_nodes.end(), this));
 }
