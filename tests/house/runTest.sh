@@ -24,10 +24,14 @@ run "$tree/run" --headless --list
 expect_status 0
 expect_quiet
 
-# A picture needs a display even without a window, and so does a window.
+# A window needs a display, a picture without a window needs none; the program's status is passed on.
 STATUS=4 run "$tree/run" --headless --screenshot=out.png
 expect_status 4
-expect_line "display :42"
+expect_line "display none"
+expect_no_display_made
+
+STATUS=4 run "$tree/run" door.wrl
+expect_status 4
 expect_err "run: no display answers"
 expect_no_server_left
 
