@@ -138,6 +138,8 @@ using PluginLoadDeathTest = PluginLoadTest;
 
 TEST_F(PluginLoadDeathTest, AProcessThatNeverUnloadsItEndsWell)
 {
+    // Starts the program anew: a mere fork would end without the threads of the display connection.
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
     EXPECT_EXIT(
         {
             init();
