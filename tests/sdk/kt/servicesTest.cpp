@@ -14,7 +14,7 @@
 #include <QIcon>
 
 #include <functional>
-#include <memory>
+#include <optional>
 #include <stdexcept>
 
 namespace
@@ -203,7 +203,7 @@ TEST_F(PythonInitTest, OneThatIsGoneIsNotCalled)
 TEST_F(PythonInitTest, OneThatGoesMeanwhileIsNotCalled)
 {
     const ktPythonInit first(tellFirst);
-    auto second = std::make_unique<ktPythonInit>(tellSecond);
+    std::optional<ktPythonInit> second(tellSecond); // its storage stays readable
     duringTelling = [&](bool) { second.reset(); };
 
     ktPythonInit::notify(false);
