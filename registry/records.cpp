@@ -45,7 +45,8 @@ void ktAnimation::insertAnimation(const char* name)
 {
     if (findAnimation(name))
         return;
-    const ktAnimationInfo& animation = appendRecord(QString::fromUtf8(name));
+    // Never a null text: a record without a name is not saved, one with the empty name is.
+    const ktAnimationInfo& animation = appendRecord(QString::fromUtf8(name ? name : ""));
     addAnimationRow(animation);
     animationDisplayProperties();
 }
