@@ -10,8 +10,6 @@
 
 #include <QMainWindow>
 
-#include <iterator>
-
 namespace
 {
 
