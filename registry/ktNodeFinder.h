@@ -3,6 +3,7 @@
 #include <kt/ktNodePtr.h>
 #include <osg/FieldContainerType.h>
 
+#include <utility>
 #include <vector>
 
 /// Collects nodes of a scene by the kind of their core.
@@ -14,12 +15,16 @@ public:
     template <class Core>
     static void findByType(const osg::NodePtr& node, std::vector<ktNodePtr>& out)
     {
-        if (!node)
-            return;
-        if (node->getCore() && node->getCore()->getType().isDerivedFrom(Core::getClassType()))
-            out.emplace_back(node);
-        const std::size_t count = node->getNChildren();
-        for (std::size_t i = 0; i < count; ++i)
-            findByType<Core>(node->getChild(i), out);
+        std::vector<osg::NodePtr> pending; // not recursive: scenes nest deeper than the stack is
+        if (node)
+            pending.push_back(node);
+        while (!pending.empty()) {
+            const osg::NodePtr next = std::move(pending.back());
+            pending.pop_back();
+            if (next->getCore() && next->getCore()->getType().isDerivedFrom(Core::getClassType()))
+                out.emplace_back(next);
+            for (std::size_t i = next->getNChildren(); i > 0; --i)
+                pending.push_back(next->getChild(i - 1));
+        }
     }
 };

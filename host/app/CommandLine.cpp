@@ -34,6 +34,9 @@ QString path(const QString& word, const QString& option)
     return QFile::decodeName(word.toLatin1());
 }
 
+/// More steps a second than these are shorter than the clock can tell apart.
+constexpr double mostFramesPerSecond = 1e6;
+
 double number(const QString& word, const QString& option, bool zeroIsFine)
 {
     bool isNumber = false;
@@ -41,6 +44,14 @@ double number(const QString& word, const QString& option, bool zeroIsFine)
     if (!isNumber || !std::isfinite(value) || value < 0.0 || (value == 0.0 && !zeroIsFine))
         refuse(option,
                QStringLiteral("'%1' is no number %2 0").arg(text(word), zeroIsFine ? "from" : "above"));
+    return value;
+}
+
+double rate(const QString& word, const QString& option)
+{
+    const double value = number(word, option, false);
+    if (value > mostFramesPerSecond)
+        refuse(option, QStringLiteral("'%1' is more than a million steps a second").arg(text(word)));
     return value;
 }
 
@@ -103,7 +114,7 @@ void take(CommandLine& line, const QString& name, const QString& value)
     else if (name == "run")
         line.actions.emplace_back(RunAction{number(value, option, true)});
     else if (name == "fps")
-        line.actions.emplace_back(FpsAction{number(value, option, false)});
+        line.actions.emplace_back(FpsAction{rate(value, option)});
     else if (name == "screenshot")
         line.actions.emplace_back(ScreenshotAction{path(value, option)});
     else if (name == "frames")

@@ -23,16 +23,16 @@ constexpr double shortestStep = 1e-9;
 
 void callModules(void (ktModuleBase::*call)(), const char* what)
 {
-    const std::vector<ktModuleBase*> modules = ktModuleBase::modules();
-    for (ktModuleBase* module : modules) {
+    ktModuleBase::forEach([&](ktModuleBase& module) {
+        const QString name = module.moduleName();
         try {
-            (module->*call)();
+            (module.*call)();
         } catch (const std::exception& error) {
-            ktLog::error("%s: %s: %s", qPrintable(module->moduleName()), what, error.what());
+            ktLog::error("%s: %s: %s", qPrintable(name), what, error.what());
         } catch (...) {
-            ktLog::error("%s: %s: an unknown exception", qPrintable(module->moduleName()), what);
+            ktLog::error("%s: %s: an unknown exception", qPrintable(name), what);
         }
-    }
+    });
 }
 
 } // namespace
@@ -52,7 +52,8 @@ void FrameLoop::advanceTo(double now)
     ktController::setSimulationTime(std::max(now, ktController::getSimulationTime()));
     callModules(&ktModuleBase::loop, "loop");
     const double time = ktController::getSimulationTime();
-    for (const SceneSensor& entry : sensors())
+    const std::vector<SceneSensor> present = sensors(); // what an edit leads to may change the scene
+    for (const SceneSensor& entry : present)
         entry.sensor->advance(time);
     settle();
 }
@@ -80,13 +81,18 @@ void FrameLoop::settle()
     if (_follower && !_drained.isEmpty())
         _follower(_drained);
     _drained.clear();
-    if (ktScenegraph::takeSceneChanged()) {
-        ktMessage message(ktMessageId::SceneChanged);
-        ktController::deliver(message);
-        if (_sceneListener)
-            _sceneListener();
-    }
+    announceSceneChange();
     callModules(&ktModuleBase::update, "update");
+}
+
+void FrameLoop::announceSceneChange()
+{
+    if (!ktScenegraph::takeSceneChanged())
+        return;
+    ktMessage message(ktMessageId::SceneChanged);
+    ktController::deliver(message);
+    if (_sceneListener)
+        _sceneListener();
 }
 
 const std::vector<SceneSensor>& FrameLoop::sensors()

@@ -47,9 +47,13 @@ public:
     /// error adds up.
     void run(double seconds, double framesPerSecond, const std::function<void()>& afterStep);
 
-    /// Hands pending edits to the follower, tells modules of a changed scene (message 32768, once), calls
-    /// their update().
+    /// Hands pending edits to the follower, tells modules of a changed scene, calls their update().
     void settle();
+
+    /// Tells modules with one message 32768 that nodes of the scene were added, removed or renamed, however
+    /// many edits that were; does nothing where there were none. To be called at the end of each turn of an
+    /// event loop.
+    void announceSceneChange();
 
     /// The sensors of the scene, in document order; each core once.
     const std::vector<SceneSensor>& sensors();

@@ -57,9 +57,11 @@ std::vector<std::string> registeredAnimations()
     if (const auto* strings = boost::any_cast<std::vector<std::string>>(&saved)) {
         for (std::size_t i = 0; i < strings->size(); i += stringsPerAnimation)
             names.push_back((*strings)[i]);
-    } else if (!before.empty()) {
-        project.set(settingsKey, before);
     }
+    if (before.empty())
+        project.remove(settingsKey);
+    else
+        project.set(settingsKey, before);
     return names;
 }
 

@@ -3,17 +3,19 @@
 #include "host/app/HostError.h"
 #include "host/app/HostLog.h"
 #include "host/app/LiveClock.h"
-#include "host/app/MainWindow.h"
 #include "host/app/Pictures.h"
 #include "host/app/PluginLoader.h"
 #include "host/app/Session.h"
+#include "host/app/MainWindow.h"
 
 #include <kt/ktController.h>
 #include <kt/ktLog.h>
 #include <qkt/QKTDockWindowManager.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDir>
+#include <QThread>
 
 #include <cstdio>
 #include <cstdlib>
@@ -33,7 +35,11 @@ int fail(const HostError& error)
 void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
     if (type != QtFatalMsg) {
-        ktLog::info("%s", qUtf8Printable(text));
+        const auto log = [text] { ktLog::info("%s", qUtf8Printable(text)); };
+        if (!qApp || QThread::currentThread() == qApp->thread())
+            log();
+        else
+            QMetaObject::invokeMethod(qApp, log, Qt::QueuedConnection);
         return;
     }
     std::fprintf(stderr, "kthost: window: %s\n", qUtf8Printable(text.simplified()));
@@ -50,7 +56,7 @@ void loadPlugins(PluginLoader& loader, const CommandLine& line)
     }
     for (const QString& folder : line.pluginFolders) {
         if (!QDir(folder).exists())
-            throw HostError(ExitStatus::NoPlugin, "plug-in folder " + folder.toStdString(),
+            throw HostError(ExitStatus::BadFile, "plug-in folder " + folder.toStdString(),
                             "it does not exist");
         loader.loadFolder(folder);
     }
@@ -101,6 +107,8 @@ int runInWindow(const CommandLine& line, const HostLog& log)
             return status;
         window.showError(QString::fromStdString(error.what()));
     }
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &clock,
+                     [&session] { session.frames().announceSceneChange(); });
     clock.start();
     const int ended = QApplication::exec();
     return ended == 0 ? status : ended;

@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr std::size_t chunkSize = 1 << 18;
-constexpr std::size_t unpackedLimit = 1 << 30;
+constexpr std::size_t sizeLimit = 1 << 30;
 
 class FileDescriptor
 {
@@ -87,7 +87,7 @@ std::optional<std::string> unpack(const std::string& packed, std::string& error)
             error =
                 std::string("the gzip stream is damaged: ") + (stream.msg ? stream.msg : "no reason given");
             return std::nullopt;
-        } else if (result.size() > unpackedLimit) {
+        } else if (result.size() > sizeLimit) {
             error = "the gzip stream unpacks to more than a gigabyte";
             return std::nullopt;
         }
@@ -112,6 +112,10 @@ std::optional<std::string> FileBytes::read(const std::string& path, std::string&
     std::string bytes;
     for (;;) {
         const std::size_t used = bytes.size();
+        if (std::max<std::size_t>(used, static_cast<std::size_t>(status.st_size)) > sizeLimit) {
+            error = "it is larger than a gigabyte";
+            return std::nullopt;
+        }
         const auto expected = static_cast<std::size_t>(status.st_size);
         bytes.resize(used < expected ? expected + 1 : used + chunkSize);
         const ssize_t count = ::read(file.get(), &bytes[used], bytes.size() - used);

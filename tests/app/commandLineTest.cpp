@@ -104,6 +104,7 @@ TEST(CommandLine, RefusesValuesThatAreOff)
 {
     EXPECT_NE(refusalOf({"--run", "soon"}).find("soon"), std::string::npos);
     EXPECT_NE(refusalOf({"--fps", "0"}).find("--fps"), std::string::npos);
+    refusalOf({"--fps", "1e300"});
     refusalOf({"--run=-1"});
     refusalOf({"--run", "nan"});
     refusalOf({"--run", "inf"});

@@ -116,6 +116,7 @@ TEST_F(RecordsTest, ANullNameIsTheEmptyName)
     EXPECT_TRUE(records()[0].isEmpty());
     EXPECT_EQ(module().findAnimation(""), module().findAnimation(static_cast<const char*>(nullptr)));
     EXPECT_EQ(module().findAnimation(""), &module()._animations.front());
+    EXPECT_FALSE(records()[0].isNull()) << "a null name would not be saved";
     module().removeAnimation(static_cast<const char*>(nullptr), false);
     EXPECT_TRUE(records().isEmpty());
 }

@@ -105,9 +105,9 @@ TEST(Command, APluginFolderWithABadLibraryIsLoadedPastIt)
     EXPECT_TRUE(run.errorLines().first().contains("a.so"));
 }
 
-TEST(Command, APluginFolderThatIsNotThereEndsWithStatusSix)
+TEST(Command, APluginFolderThatIsNotThereEndsWithStatusThree)
 {
-    expectFailure(runHeadless({"--plugin-dir", "/no/such/folder", "--list"}), 6, "/no/such/folder");
+    expectFailure(runHeadless({"--plugin-dir", "/no/such/folder", "--list"}), 3, "/no/such/folder");
 }
 
 TEST(Command, ListsInRegistryOrderWhatTheSceneHolds)

@@ -1,91 +1,16 @@
-#include "host/vrml/SceneBinding.h"
-
-#include "tests/vrml/BuiltScene.h"
-#include "tests/vrml/SceneFiles.h"
-
-#include <osg/Edit.h>
-
-#include <gtest/gtest.h>
+#include "tests/vrml/SceneBindingFixture.h"
 
 #include <Inventor/SoDB.h>
 #include <Inventor/VRMLnodes/SoVRMLPositionInterpolator.h>
 #include <Inventor/VRMLnodes/SoVRMLTimeSensor.h>
-#include <Inventor/VRMLnodes/SoVRMLTransform.h>
-#include <Inventor/actions/SoGetBoundingBoxAction.h>
-#include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/fields/SoSFTime.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
-#include <memory>
-
-namespace kthost
+namespace kthost::test
 {
 namespace
 {
 
 using Base = osg::TimeSensorBase;
-
-const std::string slide = R"(
-    DEF T TimeSensor { cycleInterval 4 loop TRUE }
-    DEF I PositionInterpolator { key [ 0 1 ] keyValue [ 0 0 0, 8 0 0 ] }
-    DEF B Transform { children Shape { geometry Box { size 2 2 2 } } }
-    ROUTE T.fraction_changed TO I.set_fraction
-    ROUTE I.value_changed TO B.set_translation)";
-
-class SceneBindingTest : public testing::Test
-{
-protected:
-    SceneBindingTest() { osg::PThreadBase::setCurrentChangeList(&changes); }
-    ~SceneBindingTest() override { osg::PThreadBase::setCurrentChangeList(nullptr); }
-
-    void open(const std::string& text)
-    {
-        scene = std::make_unique<test::BuiltScene>(folder.writeScene("scene.wrl", text));
-        ASSERT_TRUE(scene->reading) << scene->reading.error;
-        binding =
-            std::make_unique<SceneBinding>(CoinRef<SoNode>(scene->reading.root.get()), scene->nodes.sensors);
-    }
-
-    osg::TimeSensor& sensor(std::size_t index = 0) { return *binding->sensors()[index]; }
-
-    void applyChanges()
-    {
-        binding->apply(changes);
-        changes.clear();
-    }
-
-    /// One frame of the host.
-    void advanceTo(double now)
-    {
-        for (const osg::TimeSensorPtr& each : binding->sensors())
-            each->advance(now);
-        applyChanges();
-    }
-
-    void editFraction(float fraction, std::size_t index = 0)
-    {
-        sensor(index).setFraction(fraction);
-        osg::endEdit(osg::FieldContainerPtr(&sensor(index)), Base::FractionFieldMask);
-    }
-
-    template <class Node>
-    Node& find(int index = 0)
-    {
-        SoSearchAction search;
-        search.setType(Node::getClassTypeId());
-        search.setInterest(SoSearchAction::ALL);
-        search.setSearchingAll(TRUE);
-        search.apply(scene->reading.root.get());
-        return *static_cast<Node*>(search.getPaths()[index]->getNodeFromTail(0));
-    }
-
-    float position(int index = 0) { return find<SoVRMLTransform>(index).translation.getValue()[0]; }
-
-    test::SceneFolder folder;
-    osg::ChangeList changes;
-    std::unique_ptr<test::BuiltScene> scene;
-    std::unique_ptr<SceneBinding> binding;
-};
 
 TEST_F(SceneBindingTest, CarriesTheFractionThroughInterpolatorAndTransform)
 {
@@ -252,75 +177,5 @@ TEST_F(SceneBindingTest, SkipsContainersThatItDoesNotKnow)
     EXPECT_EQ(position(), 0.0F);
 }
 
-class MovingPictureTest : public SceneBindingTest
-{
-protected:
-    /// Sensors whose boxes sit side by side, deep below groups that keep what they know of what is below
-    /// them.
-    void openDeepScene()
-    {
-        const std::string cached = "Group { renderCaching ON boundingBoxCaching ON children [ ";
-        std::string text;
-        for (int i = 0; i < 8; ++i)
-            text += cached;
-        text += "DEF B Transform { children Shape { geometry Box { size 2 2 2 } } }"
-                "Group { boundingBoxCaching ON children DEF C Transform { children Shape { geometry Box { "
-                "size 2 2 2 } } } }";
-        for (int i = 0; i < 8; ++i)
-            text += " ] }";
-        for (const std::string name : {"B", "C"})
-            text += "DEF T" + name + " TimeSensor {} DEF I" + name +
-                    " PositionInterpolator { key [ 0 1 ] keyValue [ 0 0 0, 8 0 0 ] } ROUTE T" + name +
-                    ".fraction_changed TO I" + name + ".set_fraction ROUTE I" + name + ".value_changed TO " +
-                    name + ".set_translation ";
-        open(text);
-    }
-
-    float rightEdge()
-    {
-        SoGetBoundingBoxAction box(SbViewportRegion(100, 100));
-        box.apply(scene->reading.root.get());
-        return box.getBoundingBox().getMax()[0];
-    }
-};
-
-TEST_F(MovingPictureTest, IsNeverAnOldOne)
-{
-    openDeepScene();
-    for (int round = 0; round < 3; ++round) {
-        ASSERT_EQ(rightEdge(), 1.0F);
-        editFraction(0.5F, 0);
-        applyChanges();
-        EXPECT_EQ(rightEdge(), 5.0F);
-        editFraction(1.0F, 1);
-        applyChanges();
-        EXPECT_EQ(rightEdge(), 9.0F);
-        editFraction(0.0F, 0);
-        editFraction(0.25F, 1);
-        applyChanges();
-        EXPECT_EQ(rightEdge(), 3.0F);
-        editFraction(0.0F, 1);
-        applyChanges();
-    }
-}
-
-TEST_F(MovingPictureTest, IsAnnouncedOnceAFrame)
-{
-    openDeepScene();
-    int announcements = 0;
-    SoNodeSensor view([](void* count, SoSensor*) { ++*static_cast<int*>(count); }, &announcements);
-    view.setPriority(0);
-    view.attach(scene->reading.root.get());
-    editFraction(0.5F, 0);
-    editFraction(0.5F, 1);
-    applyChanges();
-    EXPECT_EQ(announcements, 1);
-    editFraction(0.6F, 1);
-    applyChanges();
-    EXPECT_EQ(announcements, 2);
-    applyChanges();
-    EXPECT_EQ(announcements, 2);
-}
-
 } // namespace
-} // namespace kthost
+} // namespace kthost::test

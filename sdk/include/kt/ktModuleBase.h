@@ -48,7 +48,21 @@ public:
     /// The living modules, in order of construction.
     static const std::vector<ktModuleBase*>& modules();
 
+    /// Calls `action(module)` for each module that lives now and still does when its turn comes: modules may
+    /// come and go meanwhile.
+    template <class Action>
+    static void forEach(Action&& action)
+    {
+        const std::vector<ktModuleBase*> present = modules();
+        for (ktModuleBase* module : present) {
+            if (isLiving(module))
+                action(*module);
+        }
+    }
+
 private:
+    static bool isLiving(const ktModuleBase* module);
+
     QString _name;
     QString _title;
     unsigned int _messages;

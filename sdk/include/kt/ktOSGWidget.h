@@ -8,9 +8,9 @@ class QEvent;
 class KT_EXPORT ktOSGWidget
 {
 public:
-    /// Gets the Qt key code, the number of presses that this one repeats (0 for a first press), the
-    /// Qt::KeyboardModifiers held, and the event, or null where there is none. A callback that uses the press
-    /// accepts the event.
+    /// Gets the Qt key code, how often the press was repeated before by holding the key (the stand-alone host
+    /// reports first presses only: 0), the Qt::KeyboardModifiers held, and the event, or null where there is
+    /// none. A callback that uses the press accepts the event.
     using PressKeyCB = void (*)(int key, int repeat, int modifiers, QEvent* event);
 
     /// The same callback twice is kept once; null is ignored.

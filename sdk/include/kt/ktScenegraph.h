@@ -32,7 +32,7 @@ public:
     /// Brings the node into sight where the host shows the scene's tree. A null node is ignored.
     static void scrollToNode(const ktNodePtr& node);
 
-    /// For the host: another scene, or null for none.
+    /// For the host: another scene, or null for none. The root has no parent, then or later.
     static void setRootNode(const ktNodePtr& root);
 
     /// For the host: who scrolls; null for nobody.

@@ -6,7 +6,6 @@
 #include <kt/ktMessage.h>
 #include <kt/ktModuleBase.h>
 
-#include <algorithm>
 #include <map>
 #include <string>
 
@@ -81,13 +80,10 @@ int ktController::sendMessage(const char* name, ktMessage& message)
 
 void ktController::deliver(ktMessage& message)
 {
-    const std::vector<ktModuleBase*> modules = ktModuleBase::modules();
-    for (ktModuleBase* module : modules) {
-        const auto& living = ktModuleBase::modules();
-        const bool lives = std::find(living.begin(), living.end(), module) != living.end();
-        if (lives && module->wantsMessage(message.id()))
-            deliverTo(*module, message);
-    }
+    ktModuleBase::forEach([&](ktModuleBase& module) {
+        if (module.wantsMessage(message.id()))
+            deliverTo(module, message);
+    });
 }
 
 std::vector<std::string> ktController::messageNames()

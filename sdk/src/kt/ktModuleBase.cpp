@@ -40,6 +40,12 @@ void ktModuleBase::loop() {}
 
 void ktModuleBase::receivedMessage(ktMessage&) {}
 
+bool ktModuleBase::isLiving(const ktModuleBase* module)
+{
+    const auto& all = livingModules();
+    return std::find(all.begin(), all.end(), module) != all.end();
+}
+
 const std::vector<ktModuleBase*>& ktModuleBase::modules()
 {
     return livingModules();
