@@ -2,9 +2,9 @@
 //   startupProbe bare          a Qt main window with an empty examiner viewer
 //   startupProbe host FOLDER   the host's window without a scene, with the plug-ins of FOLDER
 #include "host/app/HostLog.h"
-#include "host/app/MainWindow.h"
 #include "host/app/PluginLoader.h"
 #include "host/app/Session.h"
+#include "host/app/window/MainWindow.h"
 #include "host/view/RenderView.h"
 
 #include <kt/ktController.h>

@@ -14,6 +14,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
+
+#include <new>
 
 namespace kthost
 {
@@ -24,19 +27,6 @@ void deliver(std::uint32_t id)
 {
     ktMessage message(id);
     ktController::deliver(message);
-}
-
-/// Details go to the log; the user is told of their number once.
-void reportWarnings(const QString& file, const SceneWarnings& warnings)
-{
-    for (const SceneWarnings::Entry& entry : warnings.entries()) {
-        if (entry.count > 1)
-            ktLog::info("%s (%zu times)", entry.text.c_str(), entry.count);
-        else
-            ktLog::info("%s", entry.text.c_str());
-    }
-    if (warnings.total() > 0)
-        ktLog::info("%s: opened with %zu warnings", qUtf8Printable(file), warnings.total());
 }
 
 } // namespace
@@ -54,6 +44,35 @@ struct Session::Scene
     SceneNodes nodes;
     SceneBinding binding;
 };
+
+std::unique_ptr<Session::Scene> Session::load(const QString& file)
+{
+    try {
+        emit opening(OpenStep::Reading, file);
+        SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString());
+        if (!reading)
+            throw HostError(ExitStatus::BadFile, reading.error);
+        emit opening(OpenStep::Building, file);
+        return std::make_unique<Scene>(std::move(reading));
+    } catch (const std::bad_alloc&) {
+        throw HostError(ExitStatus::BadFile, file.toStdString(), "there is not enough memory for it");
+    }
+}
+
+void Session::reportWarnings(const QString& file, const Scene& scene)
+{
+    const SceneWarnings& warnings = scene.reader.warnings;
+    for (const SceneWarnings::Entry& entry : warnings.entries()) {
+        if (entry.count > 1)
+            ktLog::info("%s (%zu times)", entry.text.c_str(), entry.count);
+        else
+            ktLog::info("%s", entry.text.c_str());
+    }
+    if (warnings.total() > 0)
+        ktLog::info("%s: opened with %zu warnings", qUtf8Printable(file), warnings.total());
+    if (scene.nodes.scriptCount > 0)
+        ktLog::info("%s: %zu Script nodes are not run", qUtf8Printable(file), scene.nodes.scriptCount);
+}
 
 Session::Session()
 {
@@ -80,14 +99,23 @@ const NodeNames* Session::names() const
     return _scene ? &_scene->reader.names : nullptr;
 }
 
+std::vector<SoNode*> Session::drawingsOf(const ktNodePtr& node) const
+{
+    return _scene && node ? _scene->binding.drawingsOf(*node.operator->()) : std::vector<SoNode*>{};
+}
+
+std::size_t Session::warnings() const
+{
+    return _scene ? _scene->reader.warnings.total() : 0;
+}
+
 void Session::open(const QString& file)
 {
-    SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString());
-    if (!reading)
-        throw HostError(ExitStatus::BadFile, reading.error);
-    reportWarnings(file, reading.warnings);
-    auto scene = std::make_unique<Scene>(std::move(reading));
+    const auto ended = qScopeGuard([&] { emit opening(OpenStep::Ended, file); });
+    std::unique_ptr<Scene> scene = load(file);
+    reportWarnings(file, *scene);
 
+    emit opening(OpenStep::Announcing, file);
     clear();
     _scene = std::move(scene);
     _file = QFileInfo(file).absoluteFilePath();

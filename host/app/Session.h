@@ -14,6 +14,14 @@ namespace kthost
 
 class NodeNames;
 
+/// What open() is about to do; each can take its time with a large scene.
+enum class OpenStep {
+    Reading,
+    Building,
+    Announcing, ///< Modules and views take the new scene over.
+    Ended       ///< Well or not.
+};
+
 /// What is open in the host: one scene, its clock, its animations. GUI thread; one at a time.
 class Session : public QObject
 {
@@ -40,9 +48,19 @@ public:
     /// The names behind the drawing's stand-ins; null where no scene is open.
     const NodeNames* names() const;
 
+    /// What stands for a node in drawing(): the one that is drawn, or for a time sensor those that it
+    /// animates. None where nothing does.
+    std::vector<SoNode*> drawingsOf(const ktNodePtr& node) const;
+
+    /// How many warnings the reader had about the scene; their texts are in the log.
+    std::size_t warnings() const;
+
     FrameLoop& frames() { return _frames; }
 
 signals:
+    /// open() goes on to its next step. Ended comes after sceneReplaced().
+    void opening(kthost::OpenStep step, const QString& file);
+
     /// Another scene is open, or none; see file().
     void sceneReplaced();
 
@@ -51,6 +69,12 @@ signals:
 
 private:
     struct Scene;
+
+    /// The file as a scene, beside the one that is open.
+    std::unique_ptr<Scene> load(const QString& file);
+
+    /// Details go to the log, and their number.
+    static void reportWarnings(const QString& file, const Scene& scene);
 
     void clear();
 

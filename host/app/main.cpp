@@ -6,7 +6,7 @@
 #include "host/app/Pictures.h"
 #include "host/app/PluginLoader.h"
 #include "host/app/Session.h"
-#include "host/app/MainWindow.h"
+#include "host/app/window/MainWindow.h"
 
 #include <kt/ktController.h>
 #include <kt/ktLog.h>
@@ -95,7 +95,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     int status = 0;
     try {
         loadPlugins(plugins, line);
-        window.docks().restoreLayout();
+        window.arrange();
         window.show();
         if (!line.file.isEmpty())
             session.open(line.file);

@@ -3,11 +3,15 @@
 #include <Inventor/SbString.h>
 #include <Inventor/SbTime.h>
 #include <Inventor/engines/SoEngineOutput.h>
+#include <Inventor/engines/SoNodeEngine.h>
 #include <Inventor/fields/SoSFBool.h>
 #include <Inventor/fields/SoSFFloat.h>
 #include <Inventor/fields/SoSFTime.h>
+#include <Inventor/lists/SoEngineOutputList.h>
 #include <Inventor/lists/SoFieldList.h>
 #include <Inventor/misc/SoNotification.h>
+
+#include <unordered_set>
 
 namespace kthost
 {
@@ -63,6 +67,18 @@ void writeText(SoField& field, Value value)
     field.enableNotify(wasNotifying);
 }
 
+void appendTargets(const SoNodeEngine& engine, std::vector<SoFieldContainer*>& containers)
+{
+    SoEngineOutputList outputs;
+    engine.getOutputs(outputs);
+    for (int i = 0; i < outputs.getLength(); ++i) {
+        SoFieldList fields;
+        outputs[i]->getForwardConnections(fields);
+        for (int k = 0; k < fields.getLength(); ++k)
+            containers.push_back(fields[k]->getContainer());
+    }
+}
+
 } // namespace
 
 RouteTargets::RouteTargets(SoEngineOutput& output)
@@ -75,6 +91,26 @@ RouteTargets::RouteTargets(SoEngineOutput& output)
         _targets.push_back({field, hasOutputType, CoinRef<SoFieldContainer>(field->getContainer())});
         field->disconnect(&output);
     }
+}
+
+std::vector<SoNode*> RouteTargets::animatedNodes() const
+{
+    std::vector<SoNode*> nodes;
+    std::vector<SoFieldContainer*> pending;
+    std::unordered_set<const SoFieldContainer*> seen;
+    for (const Target& target : _targets)
+        pending.push_back(target.owner.get());
+    while (!pending.empty()) {
+        SoFieldContainer* const container = pending.back();
+        pending.pop_back();
+        if (!seen.insert(container).second)
+            continue;
+        if (container->isOfType(SoNodeEngine::getClassTypeId()))
+            appendTargets(static_cast<const SoNodeEngine&>(*container), pending);
+        else if (container->isOfType(SoNode::getClassTypeId()))
+            nodes.push_back(static_cast<SoNode*>(container));
+    }
+    return nodes;
 }
 
 // Each value is announced with a copy of the frame's list. A node above is then told once a frame and not

@@ -6,8 +6,11 @@
 
 #include <boost/container/small_vector.hpp>
 
+#include <vector>
+
 class SoEngineOutput;
 class SoField;
+class SoNode;
 class SoNotList;
 
 namespace kthost
@@ -23,6 +26,10 @@ public:
     explicit RouteTargets(SoEngineOutput& output);
 
     bool isEmpty() const { return _targets.empty(); }
+
+    /// The nodes that the routes animate: those they lead to, and where that is an interpolator those that its
+    /// routes lead to, and so on.
+    std::vector<SoNode*> animatedNodes() const;
 
     /// Writes the value to every target, as one event of `frame`. Value is SbBool, float or SbTime; it is
     /// converted where a route leads to a field of another type.

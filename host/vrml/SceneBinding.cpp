@@ -1,5 +1,7 @@
 #include "host/vrml/SceneBinding.h"
 
+#include "host/vrml/VrmlCore.h"
+
 #include <osg/ChangeList.h>
 
 #include <Inventor/SbTime.h>
@@ -89,6 +91,16 @@ void SceneBinding::apply(const osg::ChangeList& changes)
         send(*_sensors[place], change.mask, _routes[place], frame.list());
         next = place + 1;
     }
+}
+
+std::vector<SoNode*> SceneBinding::drawingsOf(const osg::Node& node) const
+{
+    const osg::NodeCore* const core = node.getCore().get();
+    const auto place = _places.find(core);
+    if (place != _places.end())
+        return _routes[place->second].fraction.animatedNodes();
+    const auto* const drawn = dynamic_cast<const VrmlCore*>(core);
+    return drawn && drawn->drawing() ? std::vector<SoNode*>{drawn->drawing()} : std::vector<SoNode*>{};
 }
 
 std::size_t SceneBinding::placeOf(const osg::FieldContainer* container, std::size_t guess) const

@@ -105,7 +105,7 @@ private:
         }
         if (type.isDerivedFrom(SoVRMLScript::getClassTypeId()))
             ++_result.scriptCount;
-        return VrmlCore::create(kindOf(type));
+        return VrmlCore::create(kindOf(type), &source);
     }
 
     const osg::FieldContainerType& kindOf(SoType type)

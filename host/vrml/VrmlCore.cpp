@@ -14,9 +14,9 @@ const osg::FieldContainerType& VrmlCore::getKind(const std::string& vrmlName)
     return kinds.try_emplace(vrmlName, vrmlName.c_str(), &osg::NodeCore::getClassType()).first->second;
 }
 
-VrmlCorePtr VrmlCore::create(const osg::FieldContainerType& kind)
+VrmlCorePtr VrmlCore::create(const osg::FieldContainerType& kind, SoNode* drawing)
 {
-    return VrmlCorePtr(new VrmlCore(kind));
+    return VrmlCorePtr(new VrmlCore(kind, drawing));
 }
 
 } // namespace kthost

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "host/vrml/CoinRef.h"
+
 #include <osg/NodeCore.h>
 #include <osg/Ptr.h>
+
+#include <Inventor/nodes/SoNode.h>
 
 #include <string>
 
@@ -18,14 +22,18 @@ public:
     /// The type of every core of that VRML kind, such as "Transform"; registered when first asked for.
     static const osg::FieldContainerType& getKind(const std::string& vrmlName);
 
-    static VrmlCorePtr create(const osg::FieldContainerType& kind);
+    /// `drawing` is the reader's node that the core stands for, which it keeps alive; null for none.
+    static VrmlCorePtr create(const osg::FieldContainerType& kind, SoNode* drawing = nullptr);
 
     const osg::FieldContainerType& getType() const override { return _kind; }
 
+    SoNode* drawing() const { return _drawing.get(); }
+
 private:
-    explicit VrmlCore(const osg::FieldContainerType& kind) : _kind(kind) {}
+    VrmlCore(const osg::FieldContainerType& kind, SoNode* drawing) : _kind(kind), _drawing(drawing) {}
 
     const osg::FieldContainerType& _kind;
+    CoinRef<SoNode> _drawing;
 };
 
 } // namespace kthost

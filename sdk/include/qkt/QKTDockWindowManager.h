@@ -68,6 +68,10 @@ public slots:
     /// Puts every dock where add() puts it without a remembered layout.
     void resetLayout();
 
+signals:
+    /// resetLayout() has put the docks back; who wants them in sizes of their own gives them now.
+    void layoutReset();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

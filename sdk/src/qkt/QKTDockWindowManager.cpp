@@ -204,6 +204,7 @@ void QKTDockWindowManager::resetLayout()
     }
     for (const auto& known : _docks)
         place(*known);
+    emit layoutReset();
 }
 
 void QKTDockWindowManager::fitFirstFloat(Dock& floated)

@@ -1,4 +1,4 @@
-#include "host/app/SensorInspector.h"
+#include "host/app/window/SensorInspector.h"
 
 #include "host/app/FrameLoop.h"
 

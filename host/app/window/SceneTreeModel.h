@@ -5,24 +5,32 @@
 #include <QAbstractItemModel>
 
 #include <unordered_map>
+#include <vector>
 
 namespace kthost
 {
 
-/// The scene's nodes as a tree of rows: name and kind.
+/// The scene's nodes as a tree of rows, in one column: their names. Rows of time sensors stand out.
 class SceneTreeModel : public QAbstractItemModel
 {
     Q_OBJECT
 
 public:
-    enum Column { NameColumn, KindColumn, ColumnCount };
+    /// The node's kind, such as "Transform"; empty where it goes by that for want of a name.
+    static constexpr int KindRole = Qt::UserRole;
 
     using QAbstractItemModel::QAbstractItemModel;
 
     /// Shows the tree below `root` (null: nothing) as it is now; to be called again when it has changed.
     void setRoot(const osg::NodePtr& root);
 
-    /// The row of a node; invalid where the node is not in the tree that is shown.
+    const osg::NodePtr& root() const { return _root; }
+
+    /// How many nodes are shown.
+    int size() const { return static_cast<int>(_entries.size()); }
+
+    /// The row of a node; invalid where the node is not in the tree that is shown. The first call after
+    /// setRoot() costs the size of the tree.
     QModelIndex indexOf(const osg::Node* node) const;
 
     /// The node of a row; null for an invalid index.
@@ -33,22 +41,24 @@ public:
     int rowCount(const QModelIndex& parent) const override;
     int columnCount(const QModelIndex& parent) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
     /// What is shown stays alive, with its rows, until the next setRoot(), whatever becomes of the scene.
     struct Entry
     {
         osg::NodePtr node;
-        const osg::Node* parent;
+        std::size_t parent;
         int row;
-        std::vector<const osg::Node*> children;
+        std::size_t firstChild = 0;
+        int childCount = 0;
     };
 
-    const Entry& entryAt(const QModelIndex& index) const;
+    const Entry& entryAt(const QModelIndex& index) const { return _entries[index.internalId()]; }
+    QModelIndex indexAt(std::size_t place) const;
 
-    std::unordered_map<const osg::Node*, Entry> _entries;
-    const osg::Node* _root = nullptr;
+    osg::NodePtr _root;
+    std::vector<Entry> _entries; ///< Level by level, so that children lie side by side.
+    mutable std::unordered_map<const osg::Node*, std::size_t> _places; ///< Made when first needed.
 };
 
 } // namespace kthost

@@ -1,4 +1,4 @@
-#include "host/app/LogPanel.h"
+#include "host/app/window/LogPanel.h"
 
 #include <QScrollBar>
 #include <QTextCursor>
@@ -27,6 +27,7 @@ QColor colourOf(ktLog::Level level, const QPalette& palette)
 LogPanel::LogPanel(const HostLog& log, QWidget* parent) : QPlainTextEdit(parent)
 {
     setReadOnly(true);
+    setUndoRedoEnabled(false);
     setAccessibleName(tr("Log"));
     setPlaceholderText(tr("Nothing has been logged."));
     setFrameShape(QFrame::NoFrame);

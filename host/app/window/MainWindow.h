@@ -1,23 +1,25 @@
 #pragma once
 
 #include "host/view/SceneView.h"
+#include "host/view/SelectionMarker.h"
 
 #include <QMainWindow>
 
-class QAction;
 class QKTDockWindowManager;
-class QLabel;
 class QMenu;
 
 namespace kthost
 {
 
 class HostLog;
+class LogPanel;
 class RenderView;
 class SceneTree;
 class Session;
+class StatusLine;
 
-/// The host's window: the render view in the middle, panels docked around it, menus, a status line.
+/// The host's window: the render view in the middle, panels docked around it, menus, a status line. What is
+/// selected (ktSelectionManager) is marked in the view.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -30,6 +32,12 @@ public:
     QKTDockWindowManager& docks() { return *_docks; }
     RenderView& view() { return *_view; }
     SceneView& sceneView() { return _sceneView; }
+    SceneTree& sceneTree() { return *_sceneTree; }
+    const SelectionMarker& marker() const { return _marker; }
+
+    /// The layout of the last run, or without one the window's own. To be called when all modules are loaded,
+    /// before the window is shown.
+    void arrange();
 
     /// Opens a scene; a failure is shown in a message box, and what was open stays open.
     void open(const QString& file);
@@ -40,32 +48,45 @@ public:
     /// Shows an error without waiting for an answer.
     void showError(const QString& text);
 
+public slots:
+    /// Gives the keyboard to the next of the view and the panels in sight, round and round.
+    void focusNextPanel();
+
+    /// Brings the log in front.
+    void showLog();
+
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void childEvent(QChildEvent* event) override;
 
     /// The layout of the docks is kept for the next run.
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void buildDocks(const HostLog& log);
-    void buildMenus();
+    void buildDocks();
+    void buildFileMenu();
+    void buildViewMenu();
     void fillRecentMenu();
     void fillViewpointMenu();
     void chooseFile();
     void savePicture();
     void showAbout();
     void showScene();
+    void showEdit();
+    void markSelection();
+    void setDefaultSizes();
 
     Session& _session;
     SceneView _sceneView;
+    SelectionMarker _marker;
     RenderView* _view;
     QKTDockWindowManager* _docks;
     SceneTree* _sceneTree;
+    LogPanel* _log;
+    StatusLine* _status;
     QMenu* _recentMenu = nullptr;
     QMenu* _viewpointMenu = nullptr;
-    QLabel* _sceneLabel;
-    QLabel* _timeLabel;
 };
 
 } // namespace kthost

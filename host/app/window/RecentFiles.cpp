@@ -1,4 +1,4 @@
-#include "host/app/RecentFiles.h"
+#include "host/app/window/RecentFiles.h"
 
 #include <QFileInfo>
 #include <QSettings>

@@ -1,4 +1,4 @@
-#include "host/app/MessageConsole.h"
+#include "host/app/window/MessageConsole.h"
 
 #include "host/app/FrameLoop.h"
 
