@@ -6,6 +6,7 @@
 
 #include <Inventor/Qt/SoQt.h>
 
+#include <QEvent>
 #include <QVBoxLayout>
 
 namespace kthost
@@ -21,6 +22,25 @@ QWidget* madeReady(QWidget* widget)
     Q_UNUSED(ready)
     return widget;
 }
+
+/// The viewer's library takes the pixels of the screen for those of the window where they differ, and makes
+/// its window that much too large.
+class SizeKeeper : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* window = static_cast<QWidget*>(watched);
+        const QSize right = window->parentWidget()->size();
+        if (event->type() == QEvent::Resize && window->size() != right) {
+            window->resize(right);
+            return true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
 
 } // namespace
 
@@ -39,6 +59,7 @@ RenderView::RenderView(SceneView& view, QWidget* parent)
     window->setAccessibleName(tr("Scene"));
     window->setAccessibleDescription(tr("The scene in three dimensions; turned, panned and zoomed by mouse"));
     window->installEventFilter(_keys);
+    window->installEventFilter(new SizeKeeper(this));
     setFocusProxy(window);
     setAccessibleName(tr("Scene"));
     _viewer->show();
