@@ -3,9 +3,14 @@
 #include <kt/ktController.h>
 #include <kt/ktLog.h>
 #include <kt/ktModuleBase.h>
+#include <kt/ktOSGWidget.h>
 #include <qkt/QKTDockWindowManager.h>
 
 #include <QDir>
+#include <QDockWidget>
+#include <QMainWindow>
+
+#include <dlfcn.h>
 
 #include <algorithm>
 #include <exception>
@@ -48,6 +53,39 @@ QString thrownBy(Call&& call)
     }
 }
 
+/// Where the code of a library is loaded; null for a place that is no code.
+const void* baseOf(const void* place)
+{
+    Dl_info info{};
+    return dladdr(place, &info) != 0 ? info.dli_fbase : nullptr;
+}
+
+/// No callback of the library is called any more, whether it took them back or not.
+void dropCallbacksOf(QLibrary& library)
+{
+    const void* base = baseOf(reinterpret_cast<const void*>(library.resolve("initPlugin")));
+    const auto isOfLibrary = [base](auto callback) {
+        return baseOf(reinterpret_cast<const void*>(callback)) == base;
+    };
+    ktController::dropCallbacks(isOfLibrary);
+    ktOSGWidget::dropCallbacks(isOfLibrary);
+}
+
+QList<QDockWidget*> presentDocks()
+{
+    const QMainWindow* window = ktController::getMainWindow();
+    return window ? window->findChildren<QDockWidget*>() : QList<QDockWidget*>();
+}
+
+/// What a plug-in had docked before it failed belongs to an object that is gone.
+void dropDocksBut(const QList<QDockWidget*>& known)
+{
+    for (QDockWidget* dock : presentDocks()) {
+        if (!known.contains(dock))
+            ktController::getDockWindowManager()->remove(dock->widget());
+    }
+}
+
 } // namespace
 
 PluginLoader::~PluginLoader()
@@ -75,9 +113,13 @@ QString PluginLoader::load(const QString& file)
     }
 
     const std::vector<ktModuleBase*> before = ktModuleBase::modules();
+    const QList<QDockWidget*> docks = presentDocks();
     const QString thrown = thrownBy(init);
-    if (!thrown.isEmpty())
+    if (!thrown.isEmpty()) {
+        dropCallbacksOf(*library);
+        dropDocksBut(docks);
         return thrown;
+    }
     Plugin plugin{std::move(library), {}};
     for (ktModuleBase* module : ktModuleBase::modules()) {
         if (std::find(before.begin(), before.end(), module) == before.end())
@@ -118,6 +160,7 @@ void PluginLoader::unloadAll()
             if (panel && ktController::getDockWindowManager())
                 ktController::getDockWindowManager()->remove(panel);
         }
+        dropCallbacksOf(*plugin.library);
         plugin.library->unload();
     }
 }

@@ -28,8 +28,8 @@ public:
 
     /// Loads one library, calls its initPlugin(), then init() of the modules it made. The answer is empty, or
     /// one line that says why it was refused: it cannot be loaded, lacks an entry point, has another version
-    /// than the host, or threw. A refused library leaves nothing behind; one that threw stays in memory,
-    /// since what it had made may be in use.
+    /// than the host, or threw. A refused library leaves nothing behind; of one that threw docks
+    /// and callbacks go, but its code stays in memory, since what else it had made may be in use.
     QString load(const QString& file);
 
     /// Loads each library (*.so) of a folder in the order of the names. A refused one is logged and passed

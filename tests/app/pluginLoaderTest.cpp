@@ -120,6 +120,27 @@ TEST_F(PluginLoaderTest, RefusesOneThatThrows)
     expectRefusal(badPlugin("throwingVersion"), "no version");
 }
 
+TEST_F(PluginLoaderTest, WhatOneThatThrowsHadRegisteredAndDockedGoes)
+{
+    expectRefusal(badPlugin("throwingLate"), "too late");
+
+    EXPECT_EQ(ktOSGWidget::countCallbacks(), 0);
+    EXPECT_TRUE(window.findChildren<QDockWidget*>().isEmpty());
+    ktMessage message;
+    EXPECT_EQ(ktController::sendMessage("late", message), 0);
+}
+
+TEST_F(PluginLoaderTest, CallbacksThatAPluginForgetsGoWithIt)
+{
+    ASSERT_EQ(loader.load(badPlugin("forgetful")), "");
+    EXPECT_EQ(ktController::countCallbacks(), 1);
+
+    loader.unloadAll();
+
+    EXPECT_EQ(ktController::countCallbacks(), 0);
+    EXPECT_EQ(ktOSGWidget::countCallbacks(), 0);
+}
+
 TEST_F(PluginLoaderTest, RefusesWhatIsNoLibrary)
 {
     QTemporaryDir folder;

@@ -2,6 +2,7 @@
 
 #include <kt/Export.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,10 @@ public:
 
     /// How many callbacks are registered, under all names.
     static int countCallbacks();
+
+    /// For the host: takes back every callback for which `isGone` answers true, such as those of a library
+    /// that is about to be unloaded.
+    static void dropCallbacks(const std::function<bool(MessageCB)>& isGone);
 
     /// For the host: what the getters above give. Both windows stay the host's.
     static void setMainWindow(QMainWindow* window, QKTDockWindowManager* docks);

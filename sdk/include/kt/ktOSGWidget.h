@@ -2,6 +2,8 @@
 
 #include <kt/Export.h>
 
+#include <functional>
+
 class QEvent;
 
 /// The render view's key presses. GUI thread.
@@ -22,6 +24,9 @@ public:
     /// For the host's view: reports a press to every callback, in order of registration. An exception of one
     /// is logged.
     static void pressKey(int key, int repeat, int modifiers, QEvent* event);
+
+    /// For the host: takes back every callback for which `isGone` answers true; see ktController.
+    static void dropCallbacks(const std::function<bool(PressKeyCB)>& isGone);
 
     /// How many callbacks are registered.
     static int countCallbacks();

@@ -27,6 +27,13 @@ public:
         _callbacks.erase(std::remove(_callbacks.begin(), _callbacks.end(), callback), _callbacks.end());
     }
 
+    /// Takes out each for which `isGone` answers true.
+    template <class Test>
+    void removeIf(Test&& isGone)
+    {
+        _callbacks.erase(std::remove_if(_callbacks.begin(), _callbacks.end(), isGone), _callbacks.end());
+    }
+
     /// Calls all and answers how many; `what` names the occasion where an exception has to be logged.
     template <class... Arguments>
     int call(const char* what, Arguments&&... arguments) const

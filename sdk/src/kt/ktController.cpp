@@ -104,6 +104,12 @@ int ktController::countCallbacks()
     return count;
 }
 
+void ktController::dropCallbacks(const std::function<bool(MessageCB)>& isGone)
+{
+    for (auto& [name, callbacks] : state().callbacks)
+        callbacks.removeIf(isGone);
+}
+
 void ktController::setMainWindow(QMainWindow* window, QKTDockWindowManager* docks)
 {
     state().mainWindow = window;

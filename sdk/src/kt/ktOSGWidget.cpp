@@ -29,6 +29,11 @@ void ktOSGWidget::pressKey(int key, int repeat, int modifiers, QEvent* event)
     pressKeyCallbacks().call("key press", key, repeat, modifiers, event);
 }
 
+void ktOSGWidget::dropCallbacks(const std::function<bool(PressKeyCB)>& isGone)
+{
+    pressKeyCallbacks().removeIf(isGone);
+}
+
 int ktOSGWidget::countCallbacks()
 {
     return pressKeyCallbacks().count();
