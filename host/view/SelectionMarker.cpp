@@ -93,11 +93,11 @@ struct SelectionMarker::Nodes
         auto* white = new SoBaseColor;
         white->rgb.setValue(1.0F, 1.0F, 1.0F);
         // The lines twice, the first time wide and white: the colour alone may be that of what is behind it.
-        for (SoNode* node : {static_cast<SoNode*>(onTop), static_cast<SoNode*>(unlit),
-                             static_cast<SoNode*>(unpickable), static_cast<SoNode*>(corners),
-                             static_cast<SoNode*>(white), static_cast<SoNode*>(halo),
-                             static_cast<SoNode*>(lines), static_cast<SoNode*>(colour),
-                             static_cast<SoNode*>(style), static_cast<SoNode*>(lines)})
+        for (SoNode* node :
+             {static_cast<SoNode*>(onTop), static_cast<SoNode*>(unlit), static_cast<SoNode*>(unpickable),
+              static_cast<SoNode*>(corners), static_cast<SoNode*>(white), static_cast<SoNode*>(halo),
+              static_cast<SoNode*>(lines), static_cast<SoNode*>(colour), static_cast<SoNode*>(style),
+              static_cast<SoNode*>(lines)})
             group->addChild(node);
         group->renderCaching = SoSeparator::OFF;
         corners->point.setNum(0);

@@ -17,8 +17,8 @@ namespace kthost
 
 class SceneView;
 
-/// Marks nodes of the scene in its view: a box around each place where one is drawn, on top of the picture and
-/// going with its animation. What has no extent, such as a light, gets no mark. GUI thread.
+/// Marks nodes of the scene in its view: a box around each place where one is drawn, on top of the picture
+/// and going with its animation. What has no extent, such as a light, gets no mark. GUI thread.
 class SelectionMarker
 {
 public:
@@ -29,8 +29,8 @@ public:
     SelectionMarker(const SelectionMarker&) = delete;
     SelectionMarker& operator=(const SelectionMarker&) = delete;
 
-    /// Marks these nodes and no others. More places than some hundreds are left unmarked: the picture would be
-    /// nothing but boxes. To be called again when another scene is shown.
+    /// Marks these nodes and no others. More places than some hundreds are left unmarked: the picture would
+    /// be nothing but boxes. To be called again when another scene is shown.
     void mark(const std::vector<SoNode*>& nodes);
 
     /// The colour of the boxes, and the pixels of the screen that a line of width 1 takes.

@@ -27,8 +27,8 @@ public:
 
     bool isEmpty() const { return _targets.empty(); }
 
-    /// The nodes that the routes animate: those they lead to, and where that is an interpolator those that its
-    /// routes lead to, and so on.
+    /// The nodes that the routes animate: those they lead to, and where that is an interpolator those that
+    /// its routes lead to, and so on.
     std::vector<SoNode*> animatedNodes() const;
 
     /// Writes the value to every target, as one event of `frame`. Value is SbBool, float or SbTime; it is

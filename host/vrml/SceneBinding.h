@@ -36,8 +36,8 @@ public:
     /// last. Entries of containers that are not bound are skipped.
     void apply(const osg::ChangeList& changes);
 
-    /// What stands for the node in the drawing: the reader's node, or for a bound time sensor the nodes that it
-    /// animates. None for a node that is not of a scene file.
+    /// What stands for the node in the drawing: the reader's node, or for a bound time sensor the nodes that
+    /// it animates. None for a node that is not of a scene file.
     std::vector<SoNode*> drawingsOf(const osg::Node& node) const;
 
     /// The bound sensors in document order: those to advance in a frame.
