@@ -16,7 +16,7 @@ file module/good.cpp <<'T'
 #include <qglobal.h>
 #include <boost/any.hpp>
 #include <string>
-// #include "host/app/MainWindow.h"
+// #include "host/app/window/MainWindow.h"
 T
 file host/vrml/good.cpp <<<'#include <Inventor/SoDB.h>'
 file host/scripting/good.cpp <<<'#include <boost/python.hpp>'
@@ -28,7 +28,7 @@ run "$check" "$tree"
 expect_status 0
 expect_out ""
 
-file panel/host.cpp <<<'#include "host/app/MainWindow.h"'
+file panel/host.cpp <<<'#include "host/app/window/MainWindow.h"'
 file panel/private.cpp <<<'#include "kt/NameIndex_p.h"'
 file module/python.cpp <<<'#include <boost/python.hpp>'
 file sdk/src/osg/qt.cpp <<'T'
@@ -42,11 +42,11 @@ file host/app/coin.cpp <<<'#include <Inventor/Qt/SoQt.h>'
 file host/app/plugin.cpp <<<'#include "registry/records.h"'
 file host/view/relative.cpp <<<'#include "../app/MainWindow.h"'
 file listwidget/stranger.cpp <<<'#include <json/json.h>'
-file examples/plugin/host.cpp <<<'#include "host/app/MainWindow.h"'
+file examples/plugin/host.cpp <<<'#include "host/app/window/MainWindow.h"'
 
 run "$check" "$tree"
 expect_status 1
-expect_line "panel/host.cpp:1: host/app/MainWindow.h (host) is out of reach for panel/"
+expect_line "panel/host.cpp:1: host/app/window/MainWindow.h (host) is out of reach for panel/"
 expect_line "panel/private.cpp:1: kt/NameIndex_p.h (sdk_private) is out of reach for panel/"
 expect_line "module/python.cpp:1: boost/python.hpp (python) is out of reach for module/"
 expect_line "sdk/src/osg/qt.cpp:2: QString (qt) is out of reach for sdk/src/osg/"
@@ -57,7 +57,7 @@ expect_line "host/app/coin.cpp:1: Inventor/Qt/SoQt.h (coin) is out of reach for 
 expect_line "host/app/plugin.cpp:1: registry/records.h (plugin) is out of reach for host/"
 expect_line "host/view/relative.cpp:1: ../app/MainWindow.h is relative; name it from its top folder"
 expect_line "listwidget/stranger.cpp:1: json/json.h is nothing this project depends on"
-expect_line "examples/plugin/host.cpp:1: host/app/MainWindow.h (host) is out of reach for examples/plugin/"
+expect_line "examples/plugin/host.cpp:1: host/app/window/MainWindow.h (host) is out of reach for examples/plugin/"
 [ "$(wc -l <<<"$out")" = 12 ] || complain "expected the twelve bad lines and no other"
 
 finish

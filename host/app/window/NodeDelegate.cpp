@@ -16,7 +16,8 @@ constexpr qreal quiet = 0.6;
 
 } // namespace
 
-void NodeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void NodeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
 {
     QStyledItemDelegate::paint(painter, option, index);
     const QString kind = index.data(SceneTreeModel::KindRole).toString();

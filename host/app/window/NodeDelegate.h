@@ -5,7 +5,8 @@
 namespace kthost
 {
 
-/// Paints a row of the scene tree: the name, and behind it, where there is room, the kind in a quieter colour.
+/// Paints a row of the scene tree: the name, and behind it, where there is room, the kind in a quieter
+/// colour.
 class NodeDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -13,7 +14,8 @@ class NodeDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
 };
 
 } // namespace kthost

@@ -12,8 +12,8 @@ class QToolButton;
 namespace kthost
 {
 
-/// What the window's status bar says: the scene, its animations and warnings, the simulation time, and while a
-/// scene is being opened how far that is.
+/// What the window's status bar says: the scene, its animations and warnings, the simulation time, and while
+/// a scene is being opened how far that is.
 class StatusLine : public QObject
 {
     Q_OBJECT
