@@ -6,7 +6,7 @@
 
 #include <Inventor/Qt/SoQt.h>
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace kthost
@@ -22,25 +22,6 @@ QWidget* madeReady(QWidget* widget)
     Q_UNUSED(ready)
     return widget;
 }
-
-/// The viewer's library takes the pixels of the screen for those of the window where they differ, and makes
-/// its window that much too large.
-class SizeKeeper : public QObject
-{
-public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        auto* window = static_cast<QWidget*>(watched);
-        const QSize right = window->parentWidget()->size();
-        if (event->type() == QEvent::Resize && window->size() != right) {
-            window->resize(right);
-            return true;
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
 
 } // namespace
 
@@ -58,14 +39,35 @@ RenderView::RenderView(SceneView& view, QWidget* parent)
     window->setFocusPolicy(Qt::StrongFocus);
     window->setAccessibleName(tr("Scene"));
     window->setAccessibleDescription(tr("The scene in three dimensions; turned, panned and zoomed by mouse"));
-    window->installEventFilter(_keys);
-    window->installEventFilter(new SizeKeeper(this));
+    window->installEventFilter(this);
+    window->installEventFilter(_keys); // the last one comes first
     setFocusProxy(window);
     setAccessibleName(tr("Scene"));
     _viewer->show();
 }
 
 RenderView::~RenderView() = default;
+
+bool RenderView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize) {
+        // Where the display has several pixels to the window's one, the viewer's library makes its window
+        // that much too large.
+        auto* window = static_cast<QWidget*>(watched);
+        const QSize right = window->parentWidget()->size();
+        if (window->size() != right) {
+            window->resize(right);
+            return true;
+        }
+    }
+    if (event->type() == QEvent::KeyPress) {
+        // The library would keep them to itself, and the focus could not leave by the keyboard.
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+            return focusNextPrevChild(key == Qt::Key_Tab);
+    }
+    return QWidget::eventFilter(watched, event);
+}
 
 void RenderView::viewAll()
 {

@@ -14,8 +14,8 @@ class SceneView;
 class Viewer;
 
 /// The widget that shows a view: turned, panned and zoomed by mouse and wheel, the Home key goes back. Takes
-/// the focus by Tab and click, and tells plug-ins of key presses (see KeyReporter). It draws when something
-/// in the view changes. GUI thread.
+/// the focus by Tab and click, lets it go on by Tab, and tells plug-ins of key presses (see KeyReporter). It
+/// draws when something in the view changes. GUI thread.
 class RenderView : public QWidget
 {
     Q_OBJECT
@@ -40,6 +40,9 @@ public:
 signals:
     /// A frame was drawn.
     void frameRendered();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     SceneView& _view;

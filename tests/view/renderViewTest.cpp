@@ -146,3 +146,12 @@ TEST_F(RenderViewTest, ASecondOneMayFollowTheFirst)
 
     EXPECT_TRUE(otherFrames.wait());
 }
+
+TEST_F(RenderViewTest, ItsWindowIsAsLargeAsTheWidget)
+{
+    EXPECT_EQ(window()->size(), widget.size());
+
+    widget.resize(420, 260);
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window()->size() == QSize(420, 260); }));
+}

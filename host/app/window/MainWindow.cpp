@@ -89,7 +89,7 @@ MainWindow::MainWindow(Session& session, const HostLog& log)
     menuBar()->addMenu(_docks->windowMenu());
     menuBar()->addMenu(tr("&Help"))->addAction(tr("&About kthost"), this, &MainWindow::showAbout);
     setTabOrder(&_sceneTree->filter(), &_sceneTree->view());
-    setTabOrder(&_sceneTree->view(), _view);
+    setTabOrder(&_sceneTree->view(), _view->focusProxy());
 
     _marker.setStyle(palette().color(QPalette::Highlight), devicePixelRatioF());
     connect(_sceneTree, &SceneTree::selectionChanged, this, &MainWindow::markSelection);

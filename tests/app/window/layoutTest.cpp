@@ -1,0 +1,70 @@
+#include "tests/app/window/WindowFixture.h"
+
+#include <kt/ktModuleBase.h>
+
+#include <QScreen>
+
+namespace
+{
+
+class LayoutTest : public kt::test::WindowFixture
+{
+protected:
+    /// With the plug-in, and no layout to remember.
+    void openForTheFirstTime()
+    {
+        close();
+        QSettings().clear();
+        open(true);
+    }
+};
+
+} // namespace
+
+TEST_F(LayoutTest, TheViewHasMostOfTheWindowAtTheFirstStart)
+{
+    openForTheFirstTime();
+
+    EXPECT_GE(window->view().height(), window->height() * 55 / 100);
+    EXPECT_NEAR(window->sceneTree().width(), 230, 10);
+}
+
+TEST_F(LayoutTest, TheLastPanelOfAPluginIsInFrontAtTheFirstStart)
+{
+    openForTheFirstTime();
+
+    const QWidget* panel = ktModuleBase::modules().at(0)->getWidget()->parentWidget();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !panel->visibleRegion().isEmpty(); }));
+    EXPECT_TRUE(dock("Log")->visibleRegion().isEmpty());
+}
+
+TEST_F(LayoutTest, IsNoLargerThanTheScreen)
+{
+    EXPECT_LE(window->width(), window->screen()->availableSize().width());
+    EXPECT_LE(window->height(), window->screen()->availableSize().height());
+}
+
+TEST_F(LayoutTest, ComesBackAsItWasClosed)
+{
+    dock("Scene")->close();
+    dock("Messages")->setFloating(true);
+    close();
+
+    open();
+
+    EXPECT_FALSE(dock("Scene")->isVisible());
+    EXPECT_TRUE(dock("Messages")->isFloating());
+    EXPECT_TRUE(dock("Sensors")->isVisible());
+}
+
+TEST_F(LayoutTest, AResetBringsTheSizesOfTheFirstStartBack)
+{
+    window->resizeDocks({dock("Log")}, {500}, Qt::Vertical);
+    window->resizeDocks({dock("Scene")}, {500}, Qt::Horizontal);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window->sceneTree().width() > 450; }));
+
+    window->docks().resetLayout();
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->sceneTree().width() < 260; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->view().height() >= window->height() * 55 / 100; }));
+}

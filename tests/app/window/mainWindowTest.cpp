@@ -1,0 +1,123 @@
+#include "tests/app/window/WindowFixture.h"
+
+#include "host/app/window/LogPanel.h"
+#include "host/app/window/RecentFiles.h"
+
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QWindow>
+
+namespace
+{
+
+class MainWindowTest : public kt::test::WindowFixture
+{
+protected:
+    /// Drags files to a place and lets them go there, as the display hands it over. False where they are not
+    /// welcome.
+    bool drop(const QList<QUrl>& urls, const QPoint& place)
+    {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window->windowHandle(), &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window->windowHandle(), &drop);
+        return true;
+    }
+
+    QPoint middleOfTheView() const
+    {
+        return window->view().mapTo(window.get(), window->view().rect().center());
+    }
+
+    QList<QMessageBox*> boxes() const { return window->findChildren<QMessageBox*>(); }
+
+    QString writeFile(const QString& name, const QByteArray& text)
+    {
+        QFile file(settings.folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return file.fileName();
+    }
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, ItsTitleNamesTheSceneThatIsOpen)
+{
+    EXPECT_EQ(window->windowTitle(), "kthost");
+
+    window->open(example("door.wrl"));
+    EXPECT_EQ(window->windowTitle(), "door.wrl - kthost");
+
+    session.close();
+    EXPECT_EQ(window->windowTitle(), "kthost");
+}
+
+TEST_F(MainWindowTest, AnOpenedSceneIsAmongTheRecentFiles)
+{
+    window->open(example("door.wrl"));
+
+    EXPECT_EQ(kthost::RecentFiles::list().value(0), QFileInfo(example("door.wrl")).absoluteFilePath());
+}
+
+TEST_F(MainWindowTest, AFileThatDoesNotLoadKeepsTheSceneAndShowsOneBox)
+{
+    window->open(example("door.wrl"));
+
+    window->open(writeFile("broken.wrl", "#VRML V2.0 utf8\nTransform { oops }"));
+
+    EXPECT_EQ(window->windowTitle(), "door.wrl - kthost");
+    EXPECT_FALSE(ktScenegraph::findNodes("Door").empty());
+    ASSERT_EQ(boxes().size(), 1);
+    EXPECT_TRUE(boxes().first()->text().contains("broken.wrl"));
+    boxes().first()->close();
+}
+
+TEST_F(MainWindowTest, ASceneDroppedOnTheViewIsOpened)
+{
+    ASSERT_TRUE(drop({QUrl::fromLocalFile(example("door.wrl"))}, middleOfTheView()));
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->windowTitle() == "door.wrl - kthost"; }));
+}
+
+TEST_F(MainWindowTest, ASceneDroppedOnAPanelIsOpened)
+{
+    const QPoint tree = window->sceneTree().mapTo(window.get(), window->sceneTree().rect().center());
+
+    ASSERT_TRUE(drop({QUrl::fromLocalFile(example("door.wrl"))}, tree));
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->windowTitle() == "door.wrl - kthost"; }));
+}
+
+TEST_F(MainWindowTest, SeveralFilesAndFilesOfOtherMachinesAreNotWelcome)
+{
+    const QUrl scene = QUrl::fromLocalFile(example("door.wrl"));
+
+    EXPECT_FALSE(drop({scene, scene}, middleOfTheView()));
+    EXPECT_FALSE(drop({QUrl("http://localhost/door.wrl")}, middleOfTheView()));
+}
+
+TEST_F(MainWindowTest, AClickOnTheWarningsShowsThemInTheLog)
+{
+    window->open(writeFile("a.wrl", "#VRML V2.0 utf8\nInline { url \"missing.wrl\" }"));
+    dock("Messages")->raise();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dock("Log")->visibleRegion().isEmpty(); }));
+
+    window->statusBar()->findChild<QToolButton*>()->click();
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !dock("Log")->visibleRegion().isEmpty(); }));
+    const auto& panelOfTheLog = *panel<kthost::LogPanel>();
+    EXPECT_TRUE(panelOfTheLog.toPlainText().contains("missing.wrl"));
+    EXPECT_EQ(QApplication::focusWidget(), &panelOfTheLog);
+}
