@@ -76,6 +76,7 @@ MainWindow::MainWindow(Session& session, const HostLog& log)
       _view(new RenderView(_sceneView, this)),
       _docks(new QKTDockWindowManager(this)),
       _sceneTree(new SceneTree),
+      _messages(new MessageConsole(session.frames())),
       _log(new LogPanel(log)),
       _status(new StatusLine(statusBar()))
 {
@@ -114,12 +115,13 @@ void MainWindow::buildDocks()
     };
     add("Scene", _sceneTree, tr("Scene"), Qt::LeftDockWidgetArea);
     add("Sensors", new SensorInspector(_session.frames()), tr("Sensors"), Qt::BottomDockWidgetArea);
-    add("Messages", new MessageConsole(_session.frames()), tr("Messages"), Qt::BottomDockWidgetArea);
+    add("Messages", _messages, tr("Messages"), Qt::BottomDockWidgetArea);
     add("Log", _log, tr("Log"), Qt::BottomDockWidgetArea);
 }
 
 void MainWindow::arrange()
 {
+    _messages->refresh();
     if (!_docks->restoreLayout())
         setDefaultSizes();
 }
@@ -165,6 +167,7 @@ void MainWindow::showScene()
 void MainWindow::showEdit()
 {
     _sceneTree->refresh();
+    _messages->refresh();
     markSelection();
     _status->showScene(_session);
 }

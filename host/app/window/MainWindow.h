@@ -13,6 +13,7 @@ namespace kthost
 
 class HostLog;
 class LogPanel;
+class MessageConsole;
 class RenderView;
 class SceneTree;
 class Session;
@@ -83,6 +84,7 @@ private:
     RenderView* _view;
     QKTDockWindowManager* _docks;
     SceneTree* _sceneTree;
+    MessageConsole* _messages;
     LogPanel* _log;
     StatusLine* _status;
     QMenu* _recentMenu = nullptr;

@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -17,6 +18,8 @@ namespace kthost
 {
 namespace
 {
+
+constexpr int widestForm = 80; ///< Characters.
 
 /// Other items in the list, the same text in the field.
 void refill(QComboBox* box, QStringList items)
@@ -58,7 +61,14 @@ MessageConsole::MessageConsole(FrameLoop& frames, QWidget* parent)
     _answer->setWordWrap(true);
     connect(_send, &QPushButton::clicked, this, &MessageConsole::send);
 
-    auto* layout = new QGridLayout(this);
+    auto* form = new QWidget(this);
+    form->setMaximumWidth(fontMetrics().averageCharWidth() * widestForm);
+    auto* room = new QHBoxLayout(this);
+    room->setContentsMargins(0, 0, 0, 0);
+    room->addWidget(form, 1);
+    room->addStretch();
+
+    auto* layout = new QGridLayout(form);
     layout->addWidget(messageLabel, 0, 0);
     layout->addWidget(_message, 0, 1, 1, 2);
     layout->addWidget(animationLabel, 1, 0);

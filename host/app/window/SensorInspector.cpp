@@ -49,6 +49,14 @@ QVariant fieldOf(const SceneSensor& entry, int column)
     }
 }
 
+/// Numbers stand below each other.
+int alignmentOf(int column)
+{
+    const bool isNumber =
+        column >= SensorTableModel::FractionColumn && column <= SensorTableModel::CycleColumn;
+    return static_cast<int>((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
 /// Shows the fraction as a bar behind its number.
 class FractionDelegate : public QStyledItemDelegate
 {
@@ -106,16 +114,18 @@ QVariant SensorTableModel::data(const QModelIndex& index, int role) const
         return fieldOf(sensors[row], index.column());
     if (role == Qt::UserRole && index.column() == FractionColumn)
         return static_cast<double>(sensors[row].sensor->getFraction());
-    if (role == Qt::TextAlignmentRole && index.column() >= FractionColumn && index.column() <= CycleColumn)
-        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::TextAlignmentRole)
+        return alignmentOf(index.column());
     return {};
 }
 
 QVariant SensorTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section >= ColumnCount)
+    if (orientation != Qt::Horizontal || section >= ColumnCount)
         return {};
-    return tr(headers[section]);
+    if (role == Qt::TextAlignmentRole)
+        return alignmentOf(section);
+    return role == Qt::DisplayRole ? QVariant(tr(headers[section])) : QVariant();
 }
 
 SensorInspector::SensorInspector(FrameLoop& frames, QWidget* parent) : QTableView(parent), _model(frames)
@@ -131,8 +141,11 @@ SensorInspector::SensorInspector(FrameLoop& frames, QWidget* parent) : QTableVie
     setFrameShape(QFrame::NoFrame);
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    horizontalHeader()->setSectionResizeMode(SensorTableModel::NameColumn, QHeaderView::Stretch);
+    // In characters; widths that followed the contents would twitch with every frame.
+    const int widths[] = {24, 11, 11, 12, 12, 10, 8};
+    for (int column = 0; column < SensorTableModel::ColumnCount; ++column)
+        setColumnWidth(column, widths[column] * fontMetrics().averageCharWidth());
+    horizontalHeader()->setSectionResizeMode(SensorTableModel::FractionColumn, QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
     _timer.setInterval(millisecondsBetweenReads);
     connect(&_timer, &QTimer::timeout, &_model, &SensorTableModel::refresh);

@@ -209,12 +209,14 @@ void QKTDockWindowManager::resetLayout()
 
 void QKTDockWindowManager::fitFirstFloat(Dock& floated)
 {
-    // A dock as wide as the main window would float that wide. One that is being dragged must stay under the
-    // mouse.
+    // A dock as wide as the main window would float that wide, and in a corner of the screen. One that is
+    // being dragged must stay under the mouse.
     if (_restoring || !floated.dock->isFloating() || QGuiApplication::mouseButtons() != Qt::NoButton)
         return;
+    QRect wanted(QPoint(), floated.floatSize);
+    wanted.moveCenter(_window->geometry().center());
     if (!floated.floatSize.isEmpty())
-        floated.dock->setGeometry(onScreen(floated.dock->pos(), floated.floatSize, _window->screen()));
+        floated.dock->setGeometry(onScreen(wanted.topLeft(), wanted.size(), _window->screen()));
     floated.floatSize = QSize();
 }
 

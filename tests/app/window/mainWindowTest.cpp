@@ -1,9 +1,11 @@
 #include "tests/app/window/WindowFixture.h"
 
 #include "host/app/window/LogPanel.h"
+#include "host/app/window/MessageConsole.h"
 #include "host/app/window/RecentFiles.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMenu>
@@ -106,6 +108,26 @@ TEST_F(MainWindowTest, SeveralFilesAndFilesOfOtherMachinesAreNotWelcome)
 
     EXPECT_FALSE(drop({scene, scene}, middleOfTheView()));
     EXPECT_FALSE(drop({QUrl("http://localhost/door.wrl")}, middleOfTheView()));
+}
+
+TEST_F(MainWindowTest, TheMessagesPanelOffersWhatThePluginsAndTheSceneHave)
+{
+    close();
+    QSettings().clear();
+    open(true);
+    QStringList offered;
+    const auto read = [&] {
+        offered.clear();
+        for (QComboBox* box : panel<kthost::MessageConsole>()->findChildren<QComboBox*>())
+            offered << box->currentText();
+    };
+    read();
+    EXPECT_TRUE(offered.join(' ').startsWith("animation")) << offered.join(' ').toStdString();
+
+    window->open(example("door.wrl"));
+
+    read();
+    EXPECT_TRUE(offered.contains("Door")) << offered.join(' ').toStdString();
 }
 
 TEST_F(MainWindowTest, AClickOnTheWarningsShowsThemInTheLog)
