@@ -15,3 +15,11 @@ add_dependencies(startupBench startupProbe ktAnimation)
 kt_add_bench(NAME driveBench SOURCES driveBench.cpp LIBRARIES kt::Host Qt5::Widgets)
 target_compile_definitions(driveBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
 add_dependencies(driveBench ktAnimation)
+
+# The panel's list, through the built plug-in.
+kt_add_bench(NAME listBench SOURCES listBench.cpp LIBRARIES kt::Host Qt5::Widgets)
+target_compile_definitions(listBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
+add_dependencies(listBench ktAnimation)
+
+# The window's scene tree.
+kt_add_bench(NAME treeBench SOURCES treeBench.cpp LIBRARIES kthostApp)
