@@ -53,7 +53,7 @@ int difference(const QImage& a, const QImage& b)
 constexpr int clearlyMoved = 1500;
 
 const QStringList start{"--send", "animationStart=Door"};
-const QStringList reset{"--send", "animationReset=Door"};
+const QStringList resetDoor{"--send", "animationReset=Door"};
 const QStringList toggle{"--send", "animationToggle=Door"};
 const QStringList stop{"--send", "animationStop=Door"};
 const QStringList stopFan{"--send", "animationStop=Fan"};
@@ -89,8 +89,8 @@ TEST_F(Picture, AHaltedDoorStandsStillAndGoesOnFromThere)
 
 TEST_F(Picture, ResetMovesThePictureOfASensorThatDoesNotRun)
 {
-    EXPECT_EQ(difference(after(stopFan + start + run("0.5") + stop + reset), after(stopFan)), 0);
-    EXPECT_EQ(difference(after(stopFan + start + run("2") + reset + run("1")), after(stopFan)), 0);
+    EXPECT_EQ(difference(after(stopFan + start + run("0.5") + stop + resetDoor), after(stopFan)), 0);
+    EXPECT_EQ(difference(after(stopFan + start + run("2") + resetDoor + run("1")), after(stopFan)), 0);
 }
 
 TEST_F(Picture, TwoRunsGiveTheSamePicture)
