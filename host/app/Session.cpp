@@ -49,7 +49,8 @@ std::unique_ptr<Session::Scene> Session::load(const QString& file)
 {
     try {
         emit opening(OpenStep::Reading, file);
-        SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString());
+        SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString(),
+                                                 [this](double part) { emit reading(part); });
         if (!reading)
             throw HostError(ExitStatus::BadFile, reading.error);
         emit opening(OpenStep::Building, file);

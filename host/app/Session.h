@@ -61,6 +61,10 @@ signals:
     /// open() goes on to its next step. Ended comes after sceneReplaced().
     void opening(kthost::OpenStep step, const QString& file);
 
+    /// How much of the file open() has read, a part from 0 to 1. The scene is being made: slots may paint, no
+    /// more.
+    void reading(double part);
+
     /// Another scene is open, or none; see file().
     void sceneReplaced();
 

@@ -64,6 +64,34 @@ private:
     std::string _former;
 };
 
+/// Says while the library reads it how far that is. The library asks for a name at least once a node.
+class ReportingInput : public SoInput
+{
+public:
+    ReportingInput(const std::string& text, ReadingProgress progress)
+        : _size(text.size()), _step(text.size() / 100 + 1), _progress(std::move(progress))
+    {
+        setBuffer(text.data(), text.size());
+    }
+
+    using SoInput::read;
+    SbBool read(SbName& name, SbBool validIdent) override
+    {
+        const std::size_t done = _progress ? getNumBytesRead() : 0;
+        if (done >= _next) {
+            _next = done + _step;
+            _progress(std::min(static_cast<double>(done) / static_cast<double>(_size), 1.0));
+        }
+        return SoInput::read(name, validIdent);
+    }
+
+private:
+    std::size_t _size;
+    std::size_t _step;
+    std::size_t _next = _step;
+    ReadingProgress _progress;
+};
+
 std::string located(const std::string& name, const ReaderMessage& message)
 {
     const std::string line = message.line > 0 ? ", line " + std::to_string(message.line) : std::string();
@@ -93,8 +121,10 @@ std::string fileName(const std::string& path)
 
 } // namespace
 
-ReadingSession::ReadingSession(SceneReading& result)
-    : _result(result), _messages([this](ReaderMessage message) { receive(std::move(message)); })
+ReadingSession::ReadingSession(SceneReading& result, const ReadingProgress& progress)
+    : _result(result),
+      _progress(progress),
+      _messages([this](ReaderMessage message) { receive(std::move(message)); })
 {
     SoVRMLInline::setFetchURLCallBack(fetchInline, this);
     SoProto::setFetchExternProtoCallback(fetchPrototype, this);
@@ -144,8 +174,8 @@ CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile fi
     }
     const SearchFolder folder(file.folder);
     _files.push_back(std::move(file));
-    SoInput input;
-    input.setBuffer(text.data(), text.size());
+    const bool isWholeScene = _files.size() == 1;
+    ReportingInput input(text, isWholeScene ? _progress : ReadingProgress());
     CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
     const OpenFile done = std::move(_files.back());
     _files.pop_back();

@@ -20,8 +20,8 @@ namespace kthost
 class ReadingSession
 {
 public:
-    /// Names and warnings are collected in `result`, which must outlive the session.
-    explicit ReadingSession(SceneReading& result);
+    /// Names and warnings are collected in `result`. Both must outlive the session.
+    ReadingSession(SceneReading& result, const ReadingProgress& progress);
     ~ReadingSession();
     ReadingSession(const ReadingSession&) = delete;
     ReadingSession& operator=(const ReadingSession&) = delete;
@@ -49,6 +49,7 @@ private:
     void warn(const std::string& text);
 
     SceneReading& _result;
+    const ReadingProgress& _progress;
     ReaderMessages _messages;
     std::vector<OpenFile> _files;                           ///< Being read, each named by the one before it.
     std::map<std::string, CoinRef<SoVRMLGroup>> _libraries; ///< EXTERNPROTO files by path, read once each.

@@ -9,12 +9,12 @@
 namespace kthost
 {
 
-SceneReading SceneReader::read(const std::string& path)
+SceneReading SceneReader::read(const std::string& path, const ReadingProgress& progress)
 {
     CoinLibrary::init();
     SceneReading result;
     {
-        ReadingSession session(result);
+        ReadingSession session(result, progress);
         result.root = session.read(path, path, result.error);
     }
     // Backgrounds ask for their pictures after the reading, when they are first shown.

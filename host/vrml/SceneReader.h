@@ -6,6 +6,7 @@
 
 #include <Inventor/VRMLnodes/SoVRMLGroup.h>
 
+#include <functional>
 #include <string>
 
 namespace kthost
@@ -23,6 +24,10 @@ struct SceneReading
     explicit operator bool() const { return static_cast<bool>(root); }
 };
 
+/// Told during a reading how much of the file's bytes the reader has behind it: a part from 0 to 1 that only
+/// grows, about a hundred times in a large file and perhaps never in a small one. It must not throw.
+using ReadingProgress = std::function<void(double part)>;
+
 /// Reads VRML97 files, plain or packed with gzip, with all that they refer to in the local file system:
 /// Inline and EXTERNPROTO files and textures, each looked up from the folder of the file that names it.
 /// Nothing is fetched from elsewhere. What is missing costs a warning, only a missing EXTERNPROTO costs the
@@ -30,9 +35,10 @@ struct SceneReading
 class SceneReader
 {
 public:
-    /// The scene in the file at `path`. Leaves every other scene as it is, so it serves for a mere check as
-    /// well. GUI thread, or a process of its own.
-    static SceneReading read(const std::string& path);
+    /// The scene in the file at `path`. What it refers to counts as a part of the place that names it. Leaves
+    /// every other scene as it is, so it serves for a mere check as well. GUI thread, or a process of its
+    /// own.
+    static SceneReading read(const std::string& path, const ReadingProgress& progress = {});
 };
 
 } // namespace kthost
