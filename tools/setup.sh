@@ -120,16 +120,19 @@ build_preset()
 configure_preset()
 {
     local folder=build/$1
-    # Ninja looks after changed CMake files by itself, but not after the presets.
-    [ -e "$folder/build.ninja" ] && [ "$folder/.configured" -nt CMakePresets.json ] && return
+    # Ninja looks after changed CMake files by itself, but not after the presets and what scripts are built with.
+    local scripting="${KT_SCRIPTING:-AUTO} ${KT_PYTHON2_ROOT:-} $(cat build/python2/ready 2>/dev/null)"
+    [ -e "$folder/build.ninja" ] && [ "$folder/.configured" -nt CMakePresets.json ] &&
+        [ "$(cat "$folder/.configured")" = "$scripting" ] && return
     say "configuring $folder"
     local -a launcher=()
     command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-    if ! cmake --preset "$1" "${launcher[@]}" >"$folder/configure.log" 2>&1; then
+    if ! cmake --preset "$1" "${launcher[@]}" "-DKT_SCRIPTING=${KT_SCRIPTING:-AUTO}" \
+        "-DKT_PYTHON2_ROOT=${KT_PYTHON2_ROOT:-}" >"$folder/configure.log" 2>&1; then
         sed -n '/CMake Error/,$p' "$folder/configure.log" | head -n 30 >&2
         fail "cmake could not configure $folder: see $folder/configure.log"
     fi
-    touch "$folder/.configured"
+    echo "$scripting" >"$folder/.configured"
 }
 
 compile_preset()

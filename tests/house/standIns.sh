@@ -51,4 +51,5 @@ exec 3>&-
 exec tail -f /dev/null
 T
 export PATH=$tree/bin:$PATH XVFB_PID=$scratch/xvfb STATUS='' BROKEN='' MISSING='' READ=''
+export KT_SCRIPTING=OFF
 unset DISPLAY WAYLAND_DISPLAY KT_PRESET
