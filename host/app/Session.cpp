@@ -50,7 +50,7 @@ std::unique_ptr<Session::Scene> Session::load(const QString& file)
     try {
         emit opening(OpenStep::Reading, file);
         SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString(),
-                                                 [this](double part) { emit reading(part); });
+                                                 [this](double part) { emit this->reading(part); });
         if (!reading)
             throw HostError(ExitStatus::BadFile, reading.error);
         emit opening(OpenStep::Building, file);
