@@ -88,4 +88,9 @@ void ActionRunner::perform(const SizeAction& action)
     _size = action.size;
 }
 
+void ActionRunner::perform(const SaveAction& action)
+{
+    _session.save(action.file);
+}
+
 } // namespace kthost

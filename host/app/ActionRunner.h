@@ -31,6 +31,7 @@ private:
     void perform(const ScreenshotAction& action);
     void perform(const FramesAction& action);
     void perform(const SizeAction& action);
+    void perform(const SaveAction& action);
 
     Session& _session;
     Pictures& _pictures;

@@ -1,6 +1,7 @@
 #include "host/app/CommandLine.h"
 
 #include "host/app/HostError.h"
+#include "host/project/ProjectFile.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -77,6 +78,15 @@ SendAction send(const QString& word, const QString& option)
     return {word.left(separator).toLatin1().toStdString(), word.mid(separator + 1).toLatin1().toStdString()};
 }
 
+SaveAction save(const QString& word, const QString& option)
+{
+    const QString file = path(word, option);
+    // Another name would be read as a scene's.
+    if (!ProjectFile::isProject(file))
+        refuse(option, QStringLiteral("'%1' does not end in .ktproj").arg(text(word)));
+    return {file};
+}
+
 void addOptions(QCommandLineParser& parser)
 {
     const auto add = [&](const char* name, const char* does, const char* value = "") {
@@ -92,11 +102,13 @@ void addOptions(QCommandLineParser& parser)
     add("screenshot", "Writes a picture of the scene.", "FILE.png");
     add("frames", "Writes a numbered picture for each step of the runs that follow.", "FOLDER");
     add("size", "Size of the pictures that follow, in pixels (1280x800).", "WxH");
+    add("save", "Saves the project: which scene is open, and what plug-ins keep with it.", "FILE.ktproj");
     add("plugin", "Loads this plug-in instead of the installed ones.", "FILE");
     add("plugin-dir", "Loads the plug-ins of this folder instead of the installed ones.", "FOLDER");
     parser.addOption({{"v", "version"}, "Prints the version."});
     parser.addOption({{"h", "help"}, "Prints this text."});
-    parser.addPositionalArgument("FILE", "The scene to open: VRML97, plain or gzip-ed.", "[FILE]");
+    parser.addPositionalArgument(
+        "FILE", "What to open: a VRML97 scene, plain or gzip-ed, or a project (.ktproj).", "[FILE]");
 }
 
 /// Takes one option as it stands in the line; `value` is empty for those that have none.
@@ -121,6 +133,8 @@ void take(CommandLine& line, const QString& name, const QString& value)
         line.actions.emplace_back(FramesAction{path(value, option)});
     else if (name == "size")
         line.actions.emplace_back(SizeAction{size(value, option)});
+    else if (name == "save")
+        line.actions.emplace_back(save(value, option));
     else if (name == "plugin")
         line.pluginFiles.push_back(path(value, option));
     else if (name == "plugin-dir")

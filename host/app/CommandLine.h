@@ -59,8 +59,14 @@ struct SizeAction
     QSize size;
 };
 
+/// Save the project.
+struct SaveAction
+{
+    QString file; ///< Ends in ".ktproj".
+};
+
 using Action = std::variant<ListAction, DumpAction, SendAction, RunAction, FpsAction, ScreenshotAction,
-                            FramesAction, SizeAction>;
+                            FramesAction, SizeAction, SaveAction>;
 
 /// The program's arguments, understood.
 struct CommandLine
@@ -68,7 +74,7 @@ struct CommandLine
     bool wantsHelp = false;
     bool wantsVersion = false;
     bool isHeadless = false;
-    QString file; ///< Scene to open; empty for none.
+    QString file; ///< Scene or project to open; empty for none.
     std::vector<QString> pluginFiles;
     std::vector<QString> pluginFolders;
     std::vector<Action> actions; ///< In the order given.

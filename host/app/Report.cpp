@@ -1,7 +1,8 @@
 #include "host/app/Report.h"
 
+#include "host/app/ProjectMessage.h"
+
 #include <kt/NodeUtils.h>
-#include <kt/ktController.h>
 #include <kt/ktFileIO.h>
 #include <kt/ktMessage.h>
 
@@ -45,12 +46,10 @@ std::string json(const char* text)
 
 std::vector<std::string> registeredAnimations()
 {
+    const ProjectProbe probe;
     ktMessage& project = ktFileIO::getProject();
-    const boost::any before = project.get(settingsKey);
     project.remove(settingsKey);
-    project.set("_loading", false, false);
-    ktController::deliver(project);
-    project.remove("_loading");
+    tellModules(ProjectStep::Save);
 
     std::vector<std::string> names;
     const boost::any& saved = project.get(settingsKey);
@@ -58,10 +57,6 @@ std::vector<std::string> registeredAnimations()
         for (std::size_t i = 0; i < strings->size(); i += stringsPerAnimation)
             names.push_back((*strings)[i]);
     }
-    if (before.empty())
-        project.remove(settingsKey);
-    else
-        project.set(settingsKey, before);
     return names;
 }
 

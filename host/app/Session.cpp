@@ -1,6 +1,8 @@
 #include "host/app/Session.h"
 
-#include "host/app/HostError.h"
+#include "host/project/ProjectError.h"
+#include "host/project/ProjectFile.h"
+#include "host/project/ScenePath.h"
 #include "host/vrml/SceneBinding.h"
 #include "host/vrml/SceneBuilder.h"
 #include "host/vrml/SceneReader.h"
@@ -30,6 +32,13 @@ void deliver(std::uint32_t id)
 }
 
 } // namespace
+
+MissingSceneError::MissingSceneError(const QString& project, const QString& scene)
+    : HostError(ExitStatus::BadFile, project.toStdString(),
+                "its scene " + scene.toStdString() + " is not there"),
+      _scene(scene)
+{
+}
 
 struct Session::Scene
 {
@@ -112,23 +121,45 @@ std::size_t Session::warnings() const
 
 void Session::open(const QString& file)
 {
+    if (ProjectFile::isProject(file)) {
+        openProject(file, QString());
+        return;
+    }
     const auto ended = qScopeGuard([&] { emit opening(OpenStep::Ended, file); });
     std::unique_ptr<Scene> scene = load(file);
     reportWarnings(file, *scene);
 
     emit opening(OpenStep::Announcing, file);
     clear();
+    show(std::move(scene), sceneFile);
+    _project.load(QFileInfo(file).absoluteFilePath(), std::move(project));
+    // Without a scene nothing has changed, and a scan would only take the settings away.
+    if (_scene)
+        deliver(ktMessageId::SceneChanged);
+    _project.settle(named);
+    emit sceneReplaced();
+}
+
+void Session::show(std::unique_ptr<Scene> scene, const QString& file)
+{
+    if (!scene)
+        return;
     _scene = std::move(scene);
     _file = QFileInfo(file).absoluteFilePath();
     ktScenegraph::setRootNode(_scene->nodes.root);
     _scene->binding.start(ktController::getSimulationTime());
-    deliver(ktMessageId::SceneChanged);
-    emit sceneReplaced();
+}
+
+void Session::save(const QString& project)
+{
+    _project.save(QFileInfo(project).absoluteFilePath(), _file);
+    emit projectSaved();
 }
 
 void Session::close()
 {
     clear();
+    _project.settle(QString());
     emit sceneReplaced();
 }
 
@@ -137,6 +168,7 @@ void Session::clear()
     ktSelectionManager::selectNodes({});
     ktScenegraph::setRootNode({});
     deliver(ktMessageId::SceneCleared);
+    _project.reset();
     _file.clear();
     // Dropped last: views show the old drawing until they are told of the new one.
     _scene.reset();

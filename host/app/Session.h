@@ -1,6 +1,8 @@
 #pragma once
 
 #include "host/app/FrameLoop.h"
+#include "host/app/HostError.h"
+#include "host/app/OpenProject.h"
 
 #include <QObject>
 #include <QString>
@@ -22,7 +24,20 @@ enum class OpenStep {
     Ended       ///< Well or not.
 };
 
-/// What is open in the host: one scene, its clock, its animations. GUI thread; one at a time.
+/// A project is fine, but its scene is not where it says. Can be opened with another one.
+class MissingSceneError : public HostError
+{
+public:
+    MissingSceneError(const QString& project, const QString& scene);
+
+    const QString& scene() const { return _scene; }
+
+private:
+    QString _scene;
+};
+
+/// What is open in the host: one scene, its clock, its animations, and the project that they belong to. GUI
+/// thread; one at a time.
 class Session : public QObject
 {
     Q_OBJECT
@@ -36,11 +51,26 @@ public:
     /// with the reader's words, where it does not load; the present scene then stays.
     void open(const QString& file);
 
-    /// Leaves nothing open; modules are told with message 16.
+    /// Opens a project with this scene instead of the one that it names; a save makes it the project's own.
+    void openWithScene(const QString& project, const QString& scene);
+
+    /// Saves what modules keep in the project, and which scene is open, under a name that ends in ".ktproj".
+    /// Modules are told with message 8192. Throws HostError (BadFile) where the file cannot be written; what
+    /// was there stays.
+    void save(const QString& project);
+
+    /// Leaves nothing open but a new, empty project; modules are told with message 16.
     void close();
 
     /// The scene's file; empty where none is open.
     const QString& file() const { return _file; }
+
+    /// The project's file; empty where it is new.
+    const QString& projectFile() const { return _project.file(); }
+
+    /// Whether a save would write something else than the last open() or save() found. Modules are asked,
+    /// which takes as long as a save without the file.
+    bool isModified() const { return _project.isModified(_file); }
 
     /// What is drawn; null where no scene is open. Owned by the session until the next open() or close().
     SoNode* drawing() const;
@@ -65,8 +95,11 @@ signals:
     /// more.
     void reading(double part);
 
-    /// Another scene is open, or none; see file().
+    /// Another scene is open, or none; see file() and projectFile().
     void sceneReplaced();
+
+    /// The project was saved; see projectFile().
+    void projectSaved();
 
     /// Nodes of the scene were added, removed or renamed.
     void sceneEdited();
@@ -80,9 +113,13 @@ private:
     /// Details go to the log, and their number.
     static void reportWarnings(const QString& file, const Scene& scene);
 
+    /// `scene` is opened instead of the project's own, unless it is empty.
+    void openProject(const QString& file, const QString& scene);
+
     void clear();
 
     FrameLoop _frames;
+    OpenProject _project;
     std::unique_ptr<Scene> _scene;
     QString _file;
 };

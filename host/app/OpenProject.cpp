@@ -1,0 +1,115 @@
+#include "host/app/OpenProject.h"
+
+#include "host/app/HostError.h"
+#include "host/app/ProjectMessage.h"
+#include "host/project/AttributeValue.h"
+#include "host/project/ProjectError.h"
+#include "host/project/ProjectFile.h"
+#include "host/project/ScenePath.h"
+
+#include <kt/ktFileIO.h>
+#include <kt/ktLog.h>
+
+#include <algorithm>
+
+namespace kthost
+{
+namespace
+{
+
+bool areSame(const ktMessage::Attributes& a, const ktMessage::Attributes& b)
+{
+    const auto isSame = [](const auto& first, const auto& second) {
+        return first.first == second.first && AttributeValue::areSame(first.second, second.second);
+    };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame);
+}
+
+} // namespace
+
+OpenProject::OpenProject()
+{
+    reset();
+}
+
+void OpenProject::reset()
+{
+    ktFileIO::clearProject();
+    _file.clear();
+    _read = {};
+    _settled.reset();
+}
+
+void OpenProject::load(const QString& file, Project project)
+{
+    reset();
+    _file = file;
+    _read = std::move(project);
+    for (const QString& name : _read.unknownAttributes.keys())
+        ktLog::warning("%s: the attribute %s is of a type that is not known here; it is kept",
+                       qUtf8Printable(file), qUtf8Printable(name));
+    for (const auto& [name, value] : _read.attributes)
+        ktFileIO::getProject().set(name, value);
+    tellModules(ProjectStep::Load);
+}
+
+ktMessage::Attributes OpenProject::persistent(bool warn) const
+{
+    const ktMessage& project = ktFileIO::getProject();
+    ktMessage::Attributes result;
+    for (const auto& [name, value] : project.attributes()) {
+        if (!project.isPersistent(name))
+            continue;
+        if (!AttributeValue::typeOf(value).isEmpty()) {
+            result.insert({name, value});
+            continue;
+        }
+        const auto read = _read.attributes.find(name);
+        if (read != _read.attributes.end())
+            result.insert(*read);
+        if (warn)
+            ktLog::warning(
+                "the project's attribute %s is of a type that no project file can hold; %s", name.c_str(),
+                read != _read.attributes.end() ? "the file keeps its older value" : "it is not saved");
+    }
+    return result;
+}
+
+OpenProject::Saved OpenProject::wouldSave(const QString& scene) const
+{
+    const ProjectProbe probe;
+    tellModules(ProjectStep::Save);
+    return {scene, persistent(false)};
+}
+
+void OpenProject::settle(const QString& scene)
+{
+    _settled = wouldSave(scene);
+}
+
+bool OpenProject::isModified(const QString& scene) const
+{
+    if (!_settled)
+        return false; // nothing was ever open
+    const Saved now = wouldSave(scene);
+    return now.scene != _settled->scene || !areSame(now.attributes, _settled->attributes);
+}
+
+void OpenProject::save(const QString& file, const QString& scene)
+{
+    tellModules(ProjectStep::Save);
+    Project next = _read;
+    next.attributes = persistent(true);
+    next.scene = scene.isEmpty() ? QString() : ScenePath::relative(file, scene);
+    next.isSceneOutside = ScenePath::isOutside(next.scene);
+    try {
+        ProjectFile::write(next, file);
+    } catch (const ProjectError& error) {
+        throw HostError(ExitStatus::BadFile, error.what());
+    }
+    _settled = Saved{scene, next.attributes};
+    _read = std::move(next);
+    _file = file;
+}
+
+} // namespace kthost

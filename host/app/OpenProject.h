@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/project/Project.h"
+
+#include <optional>
+
+namespace kthost
+{
+
+/// The project that is open: its file, what modules keep in ktFileIO::getProject(), and what only the file
+/// knows. Scenes are given by their absolute paths, empty for none. GUI thread; one at a time.
+class OpenProject
+{
+public:
+    OpenProject();
+
+    /// Where the project was opened from or saved to last; empty for a new one.
+    const QString& file() const { return _file; }
+
+    /// A new, empty project in place of this one. Modules are not told.
+    void reset();
+
+    /// A project from its file, in place of this one. Modules are told with message 8192. Attributes of types
+    /// that are not known go to the log as warnings, and are kept.
+    void load(const QString& file, Project project);
+
+    /// What a save would write now, with this scene, is from now on what counts as unmodified.
+    void settle(const QString& scene);
+
+    /// Whether a save would write something else than at the last settle(), load() or save(). Modules are
+    /// asked with message 8192, as for a save; the project stays as it is.
+    bool isModified(const QString& scene) const;
+
+    /// Asks modules with message 8192, then writes the file. Throws HostError (BadFile) where it cannot be
+    /// written; the project then stays as modified as it was.
+    void save(const QString& file, const QString& scene);
+
+private:
+    struct Saved
+    {
+        QString scene;
+        ktMessage::Attributes attributes;
+    };
+
+    /// The attributes of ktFileIO::getProject() that go into a file. Those of types that no file can hold are
+    /// left as the file had them; `warn` says so in the log.
+    ktMessage::Attributes persistent(bool warn) const;
+
+    Saved wouldSave(const QString& scene) const;
+
+    QString _file;
+    Project _read; ///< What the file said.
+    std::optional<Saved> _settled;
+};
+
+} // namespace kthost
