@@ -37,6 +37,14 @@ void callModules(void (ktModuleBase::*call)(), const char* what)
 
 } // namespace
 
+osg::TimeSensorPtr timeSensorOf(const osg::NodePtr& node)
+{
+    const osg::NodeCorePtr& core = node->getCore();
+    if (!core || !core->getType().isDerivedFrom(osg::TimeSensor::getClassType()))
+        return {};
+    return osg::staticCast<osg::TimeSensor>(core);
+}
+
 FrameLoop::FrameLoop()
 {
     osg::PThreadBase::setCurrentChangeList(&_changes);
@@ -110,10 +118,9 @@ const std::vector<SceneSensor>& FrameLoop::sensors()
     while (!pending.empty()) {
         const osg::NodePtr node = std::move(pending.back());
         pending.pop_back();
-        const osg::NodeCorePtr& core = node->getCore();
-        const bool isSensor = core && core->getType().isDerivedFrom(osg::TimeSensor::getClassType());
-        if (isSensor && seen.insert(core.get()).second)
-            _sensors.push_back({node, osg::staticCast<osg::TimeSensor>(core)});
+        const osg::TimeSensorPtr sensor = timeSensorOf(node);
+        if (sensor && seen.insert(sensor.get()).second)
+            _sensors.push_back({node, sensor});
         for (std::size_t i = node->getNChildren(); i > 0; --i)
             pending.push_back(node->getChild(i - 1));
     }

@@ -18,6 +18,10 @@ struct SceneSensor
     osg::TimeSensorPtr sensor;
 };
 
+/// The time sensor that a node carries: a core of that type or of one derived from it. Null where it has
+/// none.
+osg::TimeSensorPtr timeSensorOf(const osg::NodePtr& node);
+
 /// Moves the scene through simulation time, and takes what was edited to whoever follows it. Owns the GUI
 /// thread's change list, which is the thread's current one for as long as the loop lives.
 class FrameLoop

@@ -16,6 +16,7 @@
 
 #include <QApplication>
 #include <QChildEvent>
+#include <QDeadlineTimer>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileInfo>
@@ -29,6 +30,7 @@
 #include <QTabBar>
 #include <QTimer>
 #include <QTreeView>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -39,6 +41,10 @@ namespace
 
 constexpr QSize firstSize(1280, 800);
 constexpr int treeWidth = 230;
+
+/// In milliseconds; some displays never tell.
+constexpr int longestAppearance = 1000;
+constexpr int pause = 20;
 
 /// Of the window's height; the picture is what the window is for.
 constexpr double bottomShare = 0.36;
@@ -97,6 +103,7 @@ MainWindow::MainWindow(Session& session, const HostLog& log)
     connect(&session, &Session::sceneReplaced, this, &MainWindow::showScene);
     connect(&session, &Session::sceneEdited, this, &MainWindow::showEdit);
     connect(&session, &Session::opening, _status, &StatusLine::showOpening);
+    connect(&session, &Session::reading, _status, &StatusLine::showReading);
     connect(_status, &StatusLine::warningsClicked, this, &MainWindow::showLog);
     connect(_docks, &QKTDockWindowManager::layoutReset, this, &MainWindow::setDefaultSizes);
     showScene();
@@ -131,6 +138,14 @@ void MainWindow::setDefaultSizes()
     layout()->activate(); // a window that is not shown yet has no sizes to change
     resizeDocks({dockOf(_sceneTree)}, {treeWidth}, Qt::Horizontal);
     resizeDocks({dockOf(_log)}, {static_cast<int>(height() * bottomShare)}, Qt::Vertical);
+}
+
+void MainWindow::appear()
+{
+    show();
+    const QDeadlineTimer enough(longestAppearance);
+    while (!windowHandle()->isExposed() && !enough.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, pause);
 }
 
 void MainWindow::open(const QString& file)

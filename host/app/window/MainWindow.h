@@ -40,6 +40,9 @@ public:
     /// before the window is shown.
     void arrange();
 
+    /// Shows the window and returns when it is on the display, so that what follows is seen.
+    void appear();
+
     /// Opens a scene; a failure is shown in a message box, and what was open stays open.
     void open(const QString& file);
 

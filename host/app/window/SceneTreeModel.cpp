@@ -1,8 +1,9 @@
 #include "host/app/window/SceneTreeModel.h"
 
+#include "host/app/FrameLoop.h"
+
 #include <kt/NodeUtils.h>
 #include <osg/FieldContainerType.h>
-#include <osg/TimeSensor.h>
 
 #include <QFont>
 
@@ -10,11 +11,6 @@ namespace kthost
 {
 namespace
 {
-
-bool isTimeSensor(const osg::NodePtr& node)
-{
-    return node->getCore() && node->getCore()->getType().isDerivedFrom(osg::TimeSensor::getClassType());
-}
 
 QString nameOf(const osg::NodePtr& node)
 {
@@ -112,7 +108,7 @@ QVariant SceneTreeModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return nameOf(node) == kindOf(node) ? nameOf(node) : tr("%1, %2").arg(nameOf(node), kindOf(node));
     case Qt::FontRole:
-        return isTimeSensor(node) ? bold() : QVariant();
+        return timeSensorOf(node) ? bold() : QVariant();
     default:
         return {};
     }

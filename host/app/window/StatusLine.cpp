@@ -17,6 +17,24 @@ namespace
 constexpr int margin = 4;
 constexpr int progressWidth = 160;
 
+/// Where the steps of an opening begin on the progress bar, in percent: about what they take with large
+/// scenes. A step that has begun counts: an empty bar looks stuck.
+constexpr int readingBegins = 2;
+constexpr int buildingBegins = 70;
+constexpr int announcingBegins = 85;
+
+int beginOf(OpenStep step)
+{
+    switch (step) {
+    case OpenStep::Reading:
+        return readingBegins;
+    case OpenStep::Building:
+        return buildingBegins;
+    default:
+        return announcingBegins;
+    }
+}
+
 QString textOf(OpenStep step, const QString& file)
 {
     const QString name = QFileInfo(file).fileName();
@@ -66,7 +84,7 @@ StatusLine::StatusLine(QStatusBar* bar)
     _time->setToolTip(tr("Simulation time"));
     _time->setAccessibleName(tr("Simulation time"));
     _progress->setAccessibleName(tr("Opening"));
-    _progress->setRange(0, static_cast<int>(OpenStep::Ended) + 1);
+    _progress->setRange(0, 100);
     _progress->setTextVisible(false);
     _progress->setFixedSize(progressWidth, _scene->fontMetrics().height());
     _progress->hide();
@@ -99,9 +117,18 @@ void StatusLine::showOpening(OpenStep step, const QString& file)
         _bar->clearMessage();
         return;
     }
-    // The step that has begun counts: an empty bar looks stuck.
-    _progress->setValue(static_cast<int>(step) + 1);
     _bar->showMessage(textOf(step, file));
+    fillProgress(beginOf(step));
+}
+
+void StatusLine::showReading(double part)
+{
+    fillProgress(readingBegins + qRound((buildingBegins - readingBegins) * qBound(0.0, part, 1.0)));
+}
+
+void StatusLine::fillProgress(int percent)
+{
+    _progress->setValue(percent);
     _bar->repaint();
 }
 

@@ -31,12 +31,16 @@ public:
     /// at the end.
     void showOpening(OpenStep step, const QString& file);
 
+    /// The part of the file that is read, from 0 to 1; painted at once, too.
+    void showReading(double part);
+
 signals:
     /// The user asks which warnings there were.
     void warningsClicked();
 
 private:
     void makeBusy(bool isBusy);
+    void fillProgress(int percent);
 
     QStatusBar* _bar;
     QLabel* _scene;

@@ -4,6 +4,8 @@
 #include "host/app/window/MessageConsole.h"
 #include "host/app/window/RecentFiles.h"
 
+#include <kt/ktSelectionManager.h>
+
 #include <QAction>
 #include <QComboBox>
 #include <QDragEnterEvent>
@@ -12,8 +14,10 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolButton>
+#include <QTreeView>
 #include <QWindow>
 
 namespace
@@ -84,6 +88,75 @@ TEST_F(MainWindowTest, AFileThatDoesNotLoadKeepsTheSceneAndShowsOneBox)
     ASSERT_EQ(boxes().size(), 1);
     EXPECT_TRUE(boxes().first()->text().contains("broken.wrl"));
     boxes().first()->close();
+}
+
+TEST_F(MainWindowTest, WhileASceneIsBeingOpenedEachStepIsOnTheDisplay)
+{
+    const QString file = writeFile("big.wrl", "#VRML V2.0 utf8\n" + QByteArray("Group {}\n").repeated(5000));
+    const auto onTheDisplay = [&] {
+        const QRect bar(window->statusBar()->geometry());
+        return window->screen()
+            ->grabWindow(window->winId(), bar.x(), bar.y(), bar.width(), bar.height())
+            .toImage();
+    };
+    std::vector<QImage> seen{onTheDisplay()};
+    const auto look = [&] { seen.push_back(onTheDisplay()); };
+    int halves = 0;
+    QObject::connect(&session, &kthost::Session::opening, window.get(), look);
+    QObject::connect(&session, &kthost::Session::reading, window.get(), [&](double part) {
+        if (part > 0.5 && halves++ == 0)
+            look();
+    });
+
+    window->open(file);
+
+    ASSERT_EQ(seen.size(), 6U); // before, reading, half of it, building, announcing, ended
+    for (std::size_t i = 1; i + 1 < seen.size(); ++i)
+        EXPECT_NE(seen[i], seen[i - 1]) << i;
+}
+
+TEST_F(MainWindowTest, APanelThatIsInSightOffersWhatAnEditedSceneHas)
+{
+    window->open(example("door.wrl"));
+    dock("Messages")->raise();
+    ktScenegraph::setNodeName(true, node("Door"), "Gate", true);
+
+    session.frames().announceSceneChange();
+
+    QStringList offered;
+    for (QComboBox* box : panel<kthost::MessageConsole>()->findChildren<QComboBox*>()) {
+        for (int i = 0; i < box->count(); ++i)
+            offered << box->itemText(i);
+    }
+    EXPECT_TRUE(offered.contains("Gate")) << offered.join(' ').toStdString();
+    EXPECT_FALSE(offered.contains("Door"));
+}
+
+TEST_F(MainWindowTest, ASceneThatIsEditedKeepsTheTreesBranchesAndSelection)
+{
+    window->open(example("door.wrl"));
+    QTreeView& tree = window->sceneTree().view();
+    tree.expandAll();
+    ktSelectionManager::selectNodes({node("Door")});
+    const QModelIndexList selected = tree.selectionModel()->selectedIndexes();
+    ASSERT_EQ(selected.size(), 1);
+    tree.collapse(tree.model()->index(0, 0).model()->index(0, 0, tree.model()->index(0, 0)));
+    const auto open = [&] {
+        int count = 0;
+        QModelIndex row = tree.model()->index(0, 0);
+        for (; row.isValid(); row = tree.indexBelow(row))
+            count += tree.isExpanded(row) ? 1 : 0;
+        return count;
+    };
+    const int before = open();
+    ASSERT_GT(before, 0);
+
+    ktScenegraph::setNodeName(true, node("Door"), "Gate", true);
+    session.frames().announceSceneChange();
+
+    EXPECT_EQ(open(), before);
+    ASSERT_EQ(tree.selectionModel()->selectedIndexes().size(), 1);
+    EXPECT_EQ(tree.selectionModel()->selectedIndexes().first().data().toString(), "Gate");
 }
 
 TEST_F(MainWindowTest, ASceneDroppedOnTheViewIsOpened)

@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 
+#include <algorithm>
+
 using kthost::OpenStep;
 
 namespace
@@ -109,6 +111,38 @@ TEST_F(StatusLineTest, ShowsHowFarAnOpeningIs)
     EXPECT_FALSE(progress().isVisible());
     EXPECT_EQ(bar.currentMessage(), "");
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(StatusLineTest, TheBarGrowsWithTheBytesThatAreReadAndStaysWithinTheStep)
+{
+    line.showOpening(OpenStep::Reading, "big.wrl");
+    const int first = progress().value();
+    line.showReading(0.5);
+    const int half = progress().value();
+    line.showReading(1.0);
+    const int whole = progress().value();
+    EXPECT_LT(first, half);
+    EXPECT_LT(half, whole);
+
+    line.showOpening(OpenStep::Building, "big.wrl");
+    EXPECT_GE(progress().value(), whole);
+    EXPECT_LT(progress().value(), progress().maximum());
+    line.showOpening(OpenStep::Ended, "big.wrl");
+}
+
+TEST_F(StatusLineTest, ALargeFileTellsHowFarItsReadingIs)
+{
+    std::vector<double> parts;
+    QObject::connect(&session, &kthost::Session::reading, [&](double part) { parts.push_back(part); });
+
+    open(QByteArray("Group {}\n").repeated(5000));
+
+    ASSERT_GT(parts.size(), 20U);
+    EXPECT_LE(parts.size(), 101U);
+    EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
+    EXPECT_LT(parts.front(), 0.1);
+    EXPECT_GT(parts.back(), 0.9);
+    EXPECT_LE(parts.back(), 1.0);
 }
 
 TEST_F(StatusLineTest, AnOpeningGoesThroughItsStepsAndEndsWhetherItFailsOrNot)
