@@ -127,7 +127,33 @@ void Session::open(const QString& file)
     }
     const auto ended = qScopeGuard([&] { emit opening(OpenStep::Ended, file); });
     std::unique_ptr<Scene> scene = load(file);
-    reportWarnings(file, *scene);
+    emit opening(OpenStep::Announcing, file);
+    clear();
+    show(std::move(scene), file);
+    deliver(ktMessageId::SceneChanged);
+    _project.settle(_file);
+    emit sceneReplaced();
+}
+
+void Session::openWithScene(const QString& project, const QString& scene)
+{
+    openProject(project, scene);
+}
+
+void Session::openProject(const QString& file, const QString& sceneInstead)
+{
+    const auto ended = qScopeGuard([&] { emit opening(OpenStep::Ended, file); });
+    Project project;
+    try {
+        project = ProjectFile::read(file);
+    } catch (const ProjectError& error) {
+        throw HostError(ExitStatus::BadFile, error.what());
+    }
+    const QString named = project.scene.isEmpty() ? QString() : ScenePath::absolute(file, project.scene);
+    const QString sceneFile = sceneInstead.isEmpty() ? named : sceneInstead;
+    if (!sceneFile.isEmpty() && !QFileInfo::exists(sceneFile))
+        throw MissingSceneError(file, sceneFile);
+    std::unique_ptr<Scene> scene = sceneFile.isEmpty() ? nullptr : load(sceneFile);
 
     emit opening(OpenStep::Announcing, file);
     clear();
