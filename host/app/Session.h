@@ -116,6 +116,9 @@ private:
     /// `scene` is opened instead of the project's own, unless it is empty.
     void openProject(const QString& file, const QString& scene);
 
+    /// After clear(): the scene is what is open; null does nothing.
+    void show(std::unique_ptr<Scene> scene, const QString& file);
+
     void clear();
 
     FrameLoop _frames;
