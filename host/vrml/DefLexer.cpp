@@ -1,6 +1,7 @@
 #include "host/vrml/DefLexer.h"
 
 #include "host/vrml/NodeNames.h"
+#include "host/vrml/VrmlLexer.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -13,16 +14,6 @@ namespace
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view header = "#VRML V2.0 utf8";
-
-bool isBlank(char c)
-{
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == ',' || c == '\v' || c == '\f';
-}
-
-bool endsWord(char c)
-{
-    return isBlank(c) || c == '"' || c == '#' || c == '{' || c == '}' || c == '[' || c == ']';
-}
 
 /// The names of one name scope.
 struct Scope
@@ -37,117 +28,135 @@ struct Scope
     std::unordered_map<std::string_view, Entry> entries;
 };
 
+/// A node whose braces are open.
+struct OpenNode
+{
+    int depth;           ///< How many brackets are open outside it.
+    std::string standIn; ///< Empty where it has no name.
+    bool isScript;
+};
+
 class Rewriter
 {
 public:
-    Rewriter(std::string_view text, NodeNames& names) : _text(text), _names(names)
+    Rewriter(std::string_view text, NodeNames& names, const ReadLimits& limits)
+        : _text(text), _lexer(text), _names(names), _limits(limits)
     {
-        _result.reserve(text.size() + text.size() / 8);
+        _result.text.reserve(text.size() + text.size() / 8);
         _scopes.push_back({-1, {}});
     }
 
-    std::string run()
+    ReaderText run()
     {
-        while (skipBlanks()) {
-            const char c = _text[_position];
-            if (c == '"')
-                skipString();
-            else if (endsWord(c))
-                bracket(c);
-            else
-                word(readWord());
+        using Kind = VrmlLexer::Kind;
+        for (auto token = _lexer.next(); token.kind != Kind::End && _result; token = _lexer.next()) {
+            if (token.kind == Kind::Word)
+                word(token.text);
+            else if (token.kind == Kind::Open)
+                open(token.text.front());
+            else if (token.kind == Kind::Close)
+                close();
         }
-        _result += _text.substr(_copied);
+        _result.text += _text.substr(_copied);
         return std::move(_result);
     }
 
 private:
-    bool atEnd() const { return _position >= _text.size(); }
-
-    /// Skips blanks and comments; false at the end of the text.
-    bool skipBlanks()
-    {
-        for (; !atEnd(); ++_position) {
-            if (_text[_position] == '#')
-                _position = std::min(_text.find_first_of("\r\n", _position), _text.size() - 1);
-            else if (!isBlank(_text[_position]))
-                return true;
-        }
-        return false;
-    }
-
-    void skipString()
-    {
-        for (++_position; !atEnd(); ++_position) {
-            if (_text[_position] == '\\')
-                ++_position;
-            else if (_text[_position] == '"')
-                break;
-        }
-        ++_position;
-    }
-
-    /// The word at the position; empty where none begins there.
-    std::string_view readWord()
-    {
-        const std::size_t start = _position;
-        while (!atEnd() && !endsWord(_text[_position]))
-            ++_position;
-        return _text.substr(start, _position - start);
-    }
-
-    std::string_view readNextWord() { return skipBlanks() ? readWord() : std::string_view(); }
-
     void word(std::string_view keyword)
     {
-        if (keyword == "DEF")
-            replace(readNextWord(), &Rewriter::define);
+        _word = keyword;
+        if (keyword.size() > _limits.wordBytes)
+            refuse(keyword, "a word of " + std::to_string(keyword.size()) + " bytes");
+        else if (keyword == "DEF")
+            define();
         else if (keyword == "USE")
-            replace(readNextWord(), &Rewriter::refer);
+            use(keyword);
         else if (keyword == "ROUTE")
             route();
         else if (keyword == "PROTO")
             _prototypes.push_back(_depth);
     }
 
-    void route()
+    void refuse(std::string_view where, std::string problem)
     {
-        replaceRouteEnd(readNextWord());
-        const std::size_t afterFirst = _position;
-        if (readNextWord() == "TO")
-            replaceRouteEnd(readNextWord());
-        else
-            _position = afterFirst;
+        const auto before = _text.substr(0, offset(where));
+        _result.line = 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+        _result.problem = std::move(problem);
     }
 
-    /// `end` is NAME.FIELD; a name may hold dots, a field cannot.
-    void replaceRouteEnd(std::string_view end)
+    std::size_t offset(std::string_view part) const
     {
-        const std::size_t dot = end.rfind('.');
-        if (dot != std::string_view::npos)
-            replace(end.substr(0, dot), &Rewriter::refer);
+        return static_cast<std::size_t>(part.data() - _text.data());
     }
 
-    void replace(std::string_view name, const std::string& (Rewriter::*standIn)(std::string_view))
+    void define()
     {
+        const std::string_view name = _lexer.nextWord();
         if (name.empty())
             return;
-        const auto start = static_cast<std::size_t>(name.data() - _text.data());
-        _result += _text.substr(_copied, start - _copied);
-        _result += (this->*standIn)(name);
-        _copied = start + name.size();
-    }
-
-    const std::string& define(std::string_view name)
-    {
         Scope::Entry& entry = find(name);
         if (entry.isDefined)
             entry.standIn = _names.add(name);
         entry.isDefined = true;
-        return entry.standIn;
+        replace(name, entry.standIn);
+        _defined = entry.standIn;
     }
 
-    const std::string& refer(std::string_view name) { return find(name).standIn; }
+    void use(std::string_view keyword)
+    {
+        const std::string_view name = _lexer.nextWord();
+        if (name.empty())
+            return;
+        const std::string& standIn = find(name).standIn;
+        if (isScriptInside(standIn))
+            replaceReference(_text.substr(offset(keyword), offset(name) + name.size() - offset(keyword)));
+        else
+            replace(name, standIn);
+    }
+
+    /// The innermost open node is a Script, and it is, or stands in, the node of this name.
+    bool isScriptInside(const std::string& standIn) const
+    {
+        return !_nodes.empty() && _nodes.back().isScript &&
+               std::any_of(_nodes.begin(), _nodes.end(),
+                           [&](const OpenNode& node) { return node.standIn == standIn; });
+    }
+
+    void route()
+    {
+        routeEnd(_lexer.nextWord());
+        VrmlLexer ahead = _lexer;
+        if (ahead.nextWord() != "TO")
+            return;
+        _lexer = ahead;
+        routeEnd(_lexer.nextWord());
+    }
+
+    /// `end` is NAME.FIELD; a name may hold dots, a field cannot.
+    void routeEnd(std::string_view end)
+    {
+        const std::size_t dot = end.rfind('.');
+        if (dot != std::string_view::npos && dot > 0)
+            replace(end.substr(0, dot), find(end.substr(0, dot)).standIn);
+    }
+
+    void replace(std::string_view part, std::string_view by)
+    {
+        _result.text += _text.substr(_copied, offset(part) - _copied);
+        _result.text += by;
+        _copied = offset(part) + part.size();
+    }
+
+    /// What is replaced may hold line ends, and the reader's lines are to be the file's.
+    void replaceReference(std::string_view reference)
+    {
+        std::string null = "NULL";
+        for (const char c : reference) {
+            if (c == '\n' || c == '\r')
+                null += c;
+        }
+        replace(reference, null);
+    }
 
     Scope::Entry& find(std::string_view name)
     {
@@ -157,42 +166,58 @@ private:
         return place->second;
     }
 
-    void bracket(char c)
+    void open(char c)
     {
-        ++_position;
-        if (c == '{' || c == '[') {
-            // Default values in a prototype's interface sit one bracket deeper than its body.
-            if (c == '{' && !_prototypes.empty() && _prototypes.back() == _depth) {
-                _prototypes.pop_back();
-                _scopes.push_back({_depth, {}});
-            }
-            ++_depth;
-        } else {
-            --_depth;
-            if (_scopes.size() > 1 && _scopes.back().depth >= _depth)
-                _scopes.pop_back();
-            while (!_prototypes.empty() && _prototypes.back() > _depth)
-                _prototypes.pop_back();
+        // Default values in a prototype's interface sit one bracket deeper than its body.
+        if (c == '{' && !_prototypes.empty() && _prototypes.back() == _depth) {
+            _prototypes.pop_back();
+            _scopes.push_back({_depth, {}});
+        } else if (c == '{') {
+            _nodes.push_back({_depth, std::move(_defined), _word == "Script"});
         }
+        _defined.clear();
+        ++_depth;
+        if (_depth > 0 && static_cast<std::size_t>(_depth) > _limits.brackets && _result)
+            refuse(_text.substr(_lexer.position() - 1, 1),
+                   "more than " + std::to_string(_limits.brackets) + " brackets are open inside each other");
+    }
+
+    void close()
+    {
+        --_depth;
+        if (_scopes.size() > 1 && _scopes.back().depth >= _depth)
+            _scopes.pop_back();
+        while (!_prototypes.empty() && _prototypes.back() > _depth)
+            _prototypes.pop_back();
+        while (!_nodes.empty() && _nodes.back().depth >= _depth)
+            _nodes.pop_back();
     }
 
     const std::string_view _text;
+    VrmlLexer _lexer;
     NodeNames& _names;
-    std::string _result;
-    std::size_t _position = 0;
+    const ReadLimits& _limits;
+    ReaderText _result;
     std::size_t _copied = 0;      ///< How much of the text is in the result.
     int _depth = 0;               ///< Open brackets of both kinds.
+    std::string_view _word;       ///< The last one.
+    std::string _defined;         ///< The stand-in of the last DEF, until its braces open.
     std::vector<int> _prototypes; ///< Depths at which a prototype's body is to come.
     std::vector<Scope> _scopes;
+    std::vector<OpenNode> _nodes;
 };
 
 } // namespace
 
-std::string DefLexer::rewrite(std::string_view text, NodeNames& names)
+ReaderText DefLexer::rewrite(std::string_view text, NodeNames& names, const ReadLimits& limits)
 {
     if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
         text.remove_prefix(byteOrderMark.size());
-    return isVrml97(text) ? Rewriter(text, names).run() : std::string(text);
+    if (isVrml97(text))
+        return Rewriter(text, names, limits).run();
+    ReaderText other;
+    other.text = text;
+    return other;
 }
 
 bool DefLexer::isVrml97(std::string_view text)

@@ -1,5 +1,6 @@
 #include "host/vrml/NodeFields.h"
 
+#include <Inventor/VRMLnodes/SoVRMLScript.h>
 #include <Inventor/fields/SoFieldData.h>
 #include <Inventor/fields/SoMFNode.h>
 #include <Inventor/fields/SoSFNode.h>
@@ -51,6 +52,13 @@ void NodeFields::appendFields(const SoFieldContainer& container, const SoFieldDa
     }
 }
 
+void NodeFields::appendHidden(SoNode& node, std::vector<SoNode*>& nodes)
+{
+    const SoChildList* const children = node.getChildren();
+    for (int i = 0; children && i < children->getLength(); ++i)
+        append((*children)[i], nodes);
+}
+
 std::vector<SoNode*> NodeFields::nodesOf(SoNode& node)
 {
     std::vector<SoNode*> nodes;
@@ -59,10 +67,17 @@ std::vector<SoNode*> NodeFields::nodesOf(SoNode& node)
         const SoFieldContainer& container = *instance;
         appendFields(container, container.getFieldData(), nodes);
     }
-    if (const SoChildList* const children = node.getChildren()) {
-        for (int i = 0; i < children->getLength(); ++i)
-            append((*children)[i], nodes);
-    }
+    appendHidden(node, nodes);
+    return nodes;
+}
+
+std::vector<SoNode*> NodeFields::drawnNodesOf(SoNode& node)
+{
+    std::vector<SoNode*> nodes;
+    if (node.isOfType(SoVRMLScript::getClassTypeId()))
+        return nodes;
+    appendFields(node, node.getFieldData(), nodes);
+    appendHidden(node, nodes);
     return nodes;
 }
 

@@ -19,7 +19,12 @@ public:
     /// are possible.
     std::vector<SoNode*> nodesOf(SoNode& node);
 
+    /// Those of them that are drawn, or otherwise gone through, with the node: not what only a Script holds,
+    /// nor what the fields of an instance hand over to its body.
+    std::vector<SoNode*> drawnNodesOf(SoNode& node);
+
 private:
+    static void appendHidden(SoNode& node, std::vector<SoNode*>& nodes);
     void appendFields(const SoFieldContainer& container, const SoFieldData* fields,
                       std::vector<SoNode*>& nodes);
 

@@ -3,6 +3,8 @@
 #include "host/vrml/DefLexer.h"
 #include "host/vrml/FileBytes.h"
 #include "host/vrml/LocalUrl.h"
+#include "host/vrml/SceneGuard.h"
+#include "host/vrml/SceneSkeleton.h"
 #include "host/vrml/TextureImages.h"
 
 #include <Inventor/SoDB.h>
@@ -121,9 +123,9 @@ std::string fileName(const std::string& path)
 
 } // namespace
 
-ReadingSession::ReadingSession(SceneReading& result, const ReadingProgress& progress)
+ReadingSession::ReadingSession(SceneReading& result, ReadingManner manner)
     : _result(result),
-      _progress(progress),
+      _manner(std::move(manner)),
       _messages([this](ReaderMessage message) { receive(std::move(message)); })
 {
     SoVRMLInline::setFetchURLCallBack(fetchInline, this);
@@ -139,6 +141,7 @@ ReadingSession::~ReadingSession()
 CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::string& name,
                                           std::string& error)
 {
+    error.clear();
     std::error_code ignored;
     OpenFile file{std::filesystem::weakly_canonical(path, ignored).string(),
                   name,
@@ -166,16 +169,26 @@ CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::st
 
 CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile file, std::string& error)
 {
-    const std::string text = DefLexer::rewrite(bytes, _result.names);
+    // The guard reads the file while we do what we need not be guarded from.
+    if (_manner.guard)
+        _manner.guard->check(file.path);
+    ReaderText text = DefLexer::rewrite(bytes, _result.names, _manner.limits);
+    const std::string verdict = askGuard();
     // The library reads whatever it is given, other formats too, and stumbles over them somewhere.
-    if (!DefLexer::isVrml97(text)) {
+    if (!DefLexer::isVrml97(text.text))
         error = file.name + ", line 1: it does not begin with \"#VRML V2.0 utf8\"";
+    else if (!text)
+        error = file.name + ", line " + std::to_string(text.line) + ": " + text.problem;
+    else if (!verdict.empty())
+        error = file.name + ": " + verdict;
+    if (!error.empty())
         return {};
-    }
+    if (_manner.isSkeleton)
+        text.text = SceneSkeleton::of(text.text);
     const SearchFolder folder(file.folder);
     _files.push_back(std::move(file));
     const bool isWholeScene = _files.size() == 1;
-    ReportingInput input(text, isWholeScene ? _progress : ReadingProgress());
+    ReportingInput input(text.text, isWholeScene ? _manner.progress : ReadingProgress());
     CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
     const OpenFile done = std::move(_files.back());
     _files.pop_back();
@@ -189,6 +202,12 @@ CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile fi
     for (const ReaderMessage& message : done.messages)
         _result.warnings.add(located(done.name, message));
     return root;
+}
+
+std::string ReadingSession::askGuard()
+{
+    SceneGuard* const guard = std::exchange(_manner.guard, nullptr);
+    return guard ? guard->verdict() : std::string();
 }
 
 void ReadingSession::receive(ReaderMessage message)

@@ -15,13 +15,22 @@ class SoVRMLInline;
 namespace kthost
 {
 
+/// How a file is read.
+struct ReadingManner
+{
+    ReadingProgress progress;
+    SceneGuard* guard = nullptr; ///< Asked before the library gets the first file; null for nobody.
+    ReadLimits limits;
+    bool isSkeleton = false; ///< Without long lists of numbers.
+};
+
 /// The reading of one scene file and of the files it refers to. Takes the library's fetch callbacks while it
 /// lives.
 class ReadingSession
 {
 public:
-    /// Names and warnings are collected in `result`. Both must outlive the session.
-    ReadingSession(SceneReading& result, const ReadingProgress& progress);
+    /// Names and warnings are collected in `result`, which must outlive the session.
+    ReadingSession(SceneReading& result, ReadingManner manner);
     ~ReadingSession();
     ReadingSession(const ReadingSession&) = delete;
     ReadingSession& operator=(const ReadingSession&) = delete;
@@ -48,8 +57,10 @@ private:
     void receive(ReaderMessage message);
     void warn(const std::string& text);
 
+    std::string askGuard();
+
     SceneReading& _result;
-    const ReadingProgress& _progress;
+    ReadingManner _manner; ///< Its guard is null once it was asked.
     ReaderMessages _messages;
     std::vector<OpenFile> _files;                           ///< Being read, each named by the one before it.
     std::map<std::string, CoinRef<SoVRMLGroup>> _libraries; ///< EXTERNPROTO files by path, read once each.

@@ -1,5 +1,6 @@
 #include "host/vrml/SceneBuilder.h"
 
+#include "host/vrml/DrawnLoop.h"
 #include "host/vrml/NodeFields.h"
 #include "host/vrml/NodeNames.h"
 #include "host/vrml/VrmlCore.h"
@@ -13,7 +14,6 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace kthost
@@ -24,6 +24,7 @@ namespace
 /// A node whose children are being built.
 struct Branch
 {
+    SoNode* source;
     osg::NodePtr node;
     std::vector<SoNode*> children;
     std::size_t next = 0;
@@ -52,7 +53,7 @@ SbName nameOf(SoNode& source)
 class Walk
 {
 public:
-    explicit Walk(const NodeNames& names) : _names(names) {}
+    Walk(const NodeNames& names, std::size_t deepest) : _names(names), _deepest(deepest) {}
 
     // Scenes nest as deep as their authors like, so the way down is kept here and not on the stack.
     SceneNodes run(SoNode& root)
@@ -65,20 +66,45 @@ public:
             else
                 leave();
         }
+        // Most loops are a Script's, which is not drawn.
+        if (_hasLoop)
+            refuseLoop(root);
         return std::move(_result);
     }
 
 private:
     void enter(SoNode& source)
     {
-        if (_visited.insert(&source).second)
-            _branches.push_back({createNode(source), _fields.nodesOf(source)});
+        const auto [place, isNew] = _isOpen.try_emplace(&source, true);
+        if (isNew) {
+            _branches.push_back({&source, createNode(source), _fields.nodesOf(source)});
+            if (_branches.size() > _deepest)
+                refuse("more than " + std::to_string(_deepest) + " nodes stand inside each other");
+        } else {
+            _hasLoop = _hasLoop || place->second;
+        }
+    }
+
+    void refuseLoop(SoNode& root)
+    {
+        SoNode* const node = DrawnLoop::find(root);
+        if (!node)
+            return;
+        const std::string name = _names.original(nameOf(*node).getString());
+        refuse((name.empty() ? "a node" : "'" + name + "'") + " stands inside itself");
+    }
+
+    void refuse(std::string problem)
+    {
+        if (_result.problem.empty())
+            _result.problem = std::move(problem);
     }
 
     // A branch is hung on its parent when it is whole: the scene graph tells an edit to all that is above it.
     void leave()
     {
         osg::NodePtr node = std::move(_branches.back().node);
+        _isOpen[_branches.back().source] = false;
         _branches.pop_back();
         if (_branches.empty())
             _result.root = std::move(node);
@@ -119,18 +145,20 @@ private:
     }
 
     const NodeNames& _names;
+    const std::size_t _deepest;
     NodeFields _fields;
     SceneNodes _result;
     std::vector<Branch> _branches;
-    std::unordered_set<const SoNode*> _visited;
+    bool _hasLoop = false;
+    std::unordered_map<const SoNode*, bool> _isOpen; ///< Of each visited node: its children are being built.
     std::unordered_map<std::int16_t, const osg::FieldContainerType*> _kinds;
 };
 
 } // namespace
 
-SceneNodes SceneBuilder::build(SoNode& root, const NodeNames& names)
+SceneNodes SceneBuilder::build(SoNode& root, const NodeNames& names, std::size_t deepest)
 {
-    return Walk(names).run(root);
+    return Walk(names, deepest).run(root);
 }
 
 } // namespace kthost

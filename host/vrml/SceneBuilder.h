@@ -1,9 +1,12 @@
 #pragma once
 
+#include "host/vrml/ReadLimits.h"
+
 #include <osg/Node.h>
 #include <osg/TimeSensor.h>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 class SoNode;
@@ -28,6 +31,7 @@ struct SceneNodes
     osg::NodePtr root;
     std::vector<TimeSensorLink> sensors; ///< In document order.
     std::size_t scriptCount = 0;         ///< Script nodes, which are not run.
+    std::string problem; ///< Why the scene cannot be drawn, in a few words; empty where it can.
 };
 
 /// Builds the scene graph beside the reader's scene.
@@ -37,9 +41,13 @@ public:
     /// One node for each VRML node that can be reached from `root` through children, node fields, Inline
     /// files and prototype instances, below the first node that holds it, in the order of the file. Prototype
     /// declarations are none. Each has a core of its kind (a TimeSensor's is an osg::TimeSensor with the
-    /// fields of the file, all others are VrmlCores) and, where the file names it, a name attachment. A scene
-    /// that holds itself is walked once.
-    static SceneNodes build(SoNode& root, const NodeNames& names);
+    /// fields of the file, all others are VrmlCores) and, where the file names it, a name attachment.
+    ///
+    /// A node that holds itself is walked once, and a problem: drawing it would never end. What only a Script
+    /// or an instance's fields hold is not drawn, so that is none. More than `deepest` nodes inside each
+    /// other are a problem too.
+    static SceneNodes build(SoNode& root, const NodeNames& names,
+                            std::size_t deepest = ReadLimits().sceneDepth);
 };
 
 } // namespace kthost

@@ -2,6 +2,7 @@
 
 #include "host/vrml/CoinRef.h"
 #include "host/vrml/NodeNames.h"
+#include "host/vrml/ReadLimits.h"
 #include "host/vrml/SceneWarnings.h"
 
 #include <Inventor/VRMLnodes/SoVRMLGroup.h>
@@ -11,6 +12,8 @@
 
 namespace kthost
 {
+
+class SceneGuard;
 
 /// What became of reading a scene file.
 struct SceneReading
@@ -36,9 +39,15 @@ class SceneReader
 {
 public:
     /// The scene in the file at `path`. What it refers to counts as a part of the place that names it. Leaves
-    /// every other scene as it is, so it serves for a mere check as well. GUI thread, or a process of its
-    /// own.
-    static SceneReading read(const std::string& path, const ReadingProgress& progress = {});
+    /// every other scene as it is. With a guard, the file is checked by it within its limits and refused
+    /// where the reader would not survive it; without one, the reader gets whatever the file holds. GUI
+    /// thread.
+    static SceneReading read(const std::string& path, const ReadingProgress& progress = {},
+                             SceneGuard* guard = nullptr);
+
+    /// Reads the file as read() does, but without its images and long lists of numbers, and forgets it: for
+    /// SceneGuard's process, to see whether the reader survives.
+    static void readSkeleton(const std::string& path, const ReadLimits& limits);
 };
 
 } // namespace kthost

@@ -87,6 +87,11 @@ void TextureImages::install()
     SoVRMLImageTexture::setImageDataMaxAge(std::numeric_limits<std::uint32_t>::max());
 }
 
+void TextureImages::leaveOut()
+{
+    SoVRMLImageTexture::setDelayFetchURL(TRUE);
+}
+
 std::string TextureImages::setFolder(std::string path)
 {
     return std::exchange(folder(), std::move(path));

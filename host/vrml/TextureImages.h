@@ -15,6 +15,9 @@ public:
     /// Makes the library ask us for the images of ImageTexture and Background nodes.
     static void install();
 
+    /// No images from now on: for a process that only checks how scenes are read.
+    static void leaveOut();
+
     /// Where relative URLs are looked up from now on, and the folder they were looked up in so far.
     static std::string setFolder(std::string folder);
 

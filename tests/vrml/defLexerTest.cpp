@@ -16,10 +16,17 @@ const std::string header = "#VRML V2.0 utf8\n";
 class DefLexerTest : public testing::Test
 {
 protected:
+    std::string textOf(const std::string& text)
+    {
+        const ReaderText result = DefLexer::rewrite(text, names);
+        EXPECT_EQ(result.problem, "");
+        return result.text;
+    }
+
     /// The text with its stand-ins numbered 1, 2, ... by first appearance, as <1>, <2>, ...
     std::string rewrite(const std::string& text)
     {
-        const std::string result = DefLexer::rewrite(header + text, names);
+        const std::string result = textOf(header + text);
         EXPECT_EQ(names.translate(result), header + text);
         EXPECT_EQ(std::count(result.begin(), result.end(), '\n'),
                   std::count(text.begin(), text.end(), '\n') + 1);
@@ -65,7 +72,7 @@ TEST_F(DefLexerTest, KeepsNamesByteForByte)
 {
     const std::string bytes = "\xC3\x96l+1-\xE6\x89\x89'.\\\xFF\xFE";
     NodeNames table;
-    const std::string result = DefLexer::rewrite(header + "DEF " + bytes + " Group {}", table);
+    const std::string result = DefLexer::rewrite(header + "DEF " + bytes + " Group {}", table).text;
     const std::string standIn = result.substr(header.size() + 4, result.rfind(" Group") - header.size() - 4);
     EXPECT_EQ(table.original(standIn), bytes);
     EXPECT_TRUE(std::all_of(standIn.begin(), standIn.end(),
@@ -147,15 +154,55 @@ TEST_F(DefLexerTest, SurvivesBracketsThatDoNotMatch)
 
 TEST_F(DefLexerTest, DropsAByteOrderMark)
 {
-    EXPECT_EQ(DefLexer::rewrite("\xEF\xBB\xBF" + header + "Group {}", names), header + "Group {}");
+    EXPECT_EQ(textOf("\xEF\xBB\xBF" + header + "Group {}"), header + "Group {}");
 }
 
 TEST_F(DefLexerTest, LeavesOtherFormatsAsTheyAre)
 {
     const std::string text = "#Inventor V2.1 ascii\nDEF A Separator {}";
-    EXPECT_EQ(DefLexer::rewrite(text, names), text);
-    EXPECT_EQ(DefLexer::rewrite("", names), "");
-    EXPECT_EQ(DefLexer::rewrite("DEF A", names), "DEF A");
+    EXPECT_EQ(textOf(text), text);
+    EXPECT_EQ(textOf(""), "");
+    EXPECT_EQ(textOf("DEF A"), "DEF A");
+}
+
+TEST_F(DefLexerTest, TakesFromAScriptWhatItIsPartOf)
+{
+    EXPECT_EQ(
+        numbered(textOf(header + "DEF A Script { field SFNode me USE A field SFNode b DEF B Group {} }")),
+        header + "DEF <1> Script { field SFNode me NULL field SFNode b DEF <2> Group {} }");
+    EXPECT_EQ(numbered(textOf(header + "DEF A Group { children Script { field MFNode f [USE\n#x\nA] } }")),
+              header + "DEF <1> Group { children Script { field MFNode f [NULL\n\n] } }");
+}
+
+TEST_F(DefLexerTest, LeavesAScriptWhatItIsNoPartOf)
+{
+    EXPECT_EQ(rewrite("DEF A Group {} Script { field SFNode a USE A }"),
+              "DEF <1> Group {} Script { field SFNode a USE <1> }");
+    EXPECT_EQ(rewrite("DEF A Script {} DEF B Group { children USE B }"),
+              "DEF <1> Script {} DEF <2> Group { children USE <2> }");
+}
+
+TEST_F(DefLexerTest, RefusesMoreBracketsInsideEachOtherThanTheLimit)
+{
+    ReadLimits limits;
+    limits.brackets = 3;
+    EXPECT_TRUE(DefLexer::rewrite(header + "Group { children [ Group {} ] } Group {}", names, limits));
+    const ReaderText deep =
+        DefLexer::rewrite(header + "Group { children [\nGroup {\n[ ] } ] }", names, limits);
+    EXPECT_EQ(deep.problem, "more than 3 brackets are open inside each other");
+    EXPECT_EQ(deep.line, 4U);
+}
+
+TEST_F(DefLexerTest, RefusesLongerWordsThanTheLimitButNotNamesAndStrings)
+{
+    ReadLimits limits;
+    limits.wordBytes = 10;
+    const std::string word(11, 'x');
+    EXPECT_TRUE(DefLexer::rewrite(
+        header + "DEF " + word + " Group {} USE " + word + " \"" + word + "\" #" + word, names, limits));
+    const ReaderText refused = DefLexer::rewrite(header + "Group {\n" + word + " 3 }", names, limits);
+    EXPECT_EQ(refused.problem, "a word of 11 bytes");
+    EXPECT_EQ(refused.line, 3U);
 }
 
 TEST(NodeNamesTest, TranslatesStandInsInAText)

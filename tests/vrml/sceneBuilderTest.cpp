@@ -91,14 +91,21 @@ TEST_F(SceneBuilderTest, WalksASceneThatHoldsItselfOnce)
 
 TEST_F(SceneBuilderTest, WalksADeepSceneWithoutTheCallStack)
 {
-    constexpr int depth = 3000;
-    std::string text;
-    for (int i = 0; i < depth; ++i)
-        text += "Group { children ";
-    text += "DEF Bottom TimeSensor {}";
-    text.append(depth, '}');
+    // As deep as one file may be, four times over.
+    constexpr int depth = 900;
+    std::string text = "DEF Bottom TimeSensor {}";
+    for (int file = 0; file < 4; ++file) {
+        std::string groups;
+        for (int i = 0; i < depth; ++i)
+            groups += "Group { children ";
+        text = groups + text + std::string(depth, '}');
+        const std::string name = "part" + std::to_string(file) + ".wrl";
+        folder.writeScene(name, text);
+        text = "Inline { url \"" + name + "\" }";
+    }
     const test::BuiltScene scene = build(text);
     EXPECT_EQ(test::namesOf(scene.nodes.root, "TimeSensor"), Names{"Bottom"});
+    EXPECT_EQ(scene.nodes.problem, "more than 3000 nodes stand inside each other");
 }
 
 TEST_F(SceneBuilderTest, ReachesEveryNodeField)
@@ -155,6 +162,46 @@ TEST_F(SceneBuilderTest, RegistersAKindOnce)
     EXPECT_EQ(&kind, &second.nodes.root->getChild(0)->getCore()->getType());
     EXPECT_TRUE(kind.isDerivedFrom(osg::NodeCore::getClassType()));
     EXPECT_FALSE(kind.isDerivedFrom(osg::TimeSensor::getClassType()));
+}
+
+TEST_F(SceneBuilderTest, ANodeThatIsDrawnInsideItselfIsAProblem)
+{
+    EXPECT_EQ(build("DEF T\xC3\xBCr Group { children [ TimeSensor {} USE T\xC3\xBCr ] }").nodes.problem,
+              "'T\xC3\xBCr' stands inside itself");
+    EXPECT_EQ(build("DEF A Group { children LOD { level DEF B Group { children USE A } } }").nodes.problem,
+              "'A' stands inside itself");
+    EXPECT_EQ(build("PROTO P [ field MFNode c [] ] { Group { children IS c } }\n"
+                    "DEF A Group { children P { c USE A } }")
+                  .nodes.problem,
+              "'A' stands inside itself");
+}
+
+TEST_F(SceneBuilderTest, WhatOnlyScriptsHoldIsNotDrawn)
+{
+    const test::BuiltScene scene =
+        build("DEF A Group { children DEF S Script { field SFNode other DEF B Group { children USE A } } }");
+    EXPECT_EQ(scene.nodes.problem, "");
+    EXPECT_EQ(build("PROTO P [ field SFNode n NULL ] { Group { children Script { field SFNode n IS n } } }\n"
+                    "DEF A Group { children P { n USE A } }")
+                  .nodes.problem,
+              "");
+}
+
+TEST_F(SceneBuilderTest, ALoopIsFoundAlsoWhereAScriptLedToItFirst)
+{
+    EXPECT_NE(
+        build("DEF A Group { children [ Script { field SFNode q DEF Q Group { children USE A } } USE Q ] }")
+            .nodes.problem,
+        "");
+}
+
+TEST_F(SceneBuilderTest, MoreNodesInsideEachOtherThanTheLimitAreAProblem)
+{
+    const test::BuiltScene scene = build("Group { children Group { children Group {} } }");
+    EXPECT_EQ(scene.nodes.problem, "");
+    EXPECT_EQ(SceneBuilder::build(*scene.reading.root, scene.reading.names, 2).problem,
+              "more than 2 nodes stand inside each other");
+    EXPECT_EQ(SceneBuilder::build(*scene.reading.root, scene.reading.names, 3).problem, "");
 }
 
 } // namespace

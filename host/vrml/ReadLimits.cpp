@@ -1,0 +1,37 @@
+#include "host/vrml/ReadLimits.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace kthost
+{
+namespace
+{
+
+template <class Number>
+void take(const char* variable, Number& limit)
+{
+    const char* const text = std::getenv(variable);
+    if (!text)
+        return;
+    char* end = nullptr;
+    const double value = std::strtod(text, &end);
+    constexpr double largest = 1e9;
+    if (end != text && *end == '\0' && value > 0.0 && value <= largest)
+        limit = static_cast<Number>(std::is_integral_v<Number> ? std::ceil(value) : value);
+}
+
+} // namespace
+
+ReadLimits ReadLimits::fromEnvironment()
+{
+    ReadLimits limits;
+    take("KTHOST_READ_BRACKETS", limits.brackets);
+    take("KTHOST_READ_WORD_BYTES", limits.wordBytes);
+    take("KTHOST_READ_DEPTH", limits.sceneDepth);
+    take("KTHOST_READ_SECONDS", limits.seconds);
+    take("KTHOST_READ_MEGABYTES", limits.megabytes);
+    return limits;
+}
+
+} // namespace kthost

@@ -1,0 +1,168 @@
+// The process that reads scene files first, as built.
+#include "host/vrml/SceneGuard.h"
+
+#include "host/vrml/SceneReader.h"
+#include "tests/vrml/SceneFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace kthost
+{
+namespace
+{
+
+std::string nested(int levels)
+{
+    std::string text;
+    for (int i = 0; i < levels; ++i)
+        text += "Group{children[";
+    for (int i = 0; i < levels; ++i)
+        text += "]}";
+    return text;
+}
+
+/// Each prototype holds the one before it four times: 4^levels nodes.
+std::string explosion(int levels)
+{
+    std::string text = "PROTO P0 [] { Group {} }\n";
+    for (int i = 1; i <= levels; ++i) {
+        const std::string below = "P" + std::to_string(i - 1) + " {} ";
+        text += "PROTO P" + std::to_string(i) + " [] { Group { children [ " + below + below + below + below +
+                "] } }\n";
+    }
+    return text + "P" + std::to_string(levels) + " {}";
+}
+
+class SceneGuardTest : public testing::Test
+{
+protected:
+    std::string verdict(const std::string& path, const ReadLimits& limits = {})
+    {
+        SceneGuard guard(KT_SCENE_CHECK, limits);
+        guard.check(path);
+        return guard.verdict();
+    }
+
+    static ReadLimits anyBrackets()
+    {
+        ReadLimits limits;
+        limits.brackets = 1000000;
+        return limits;
+    }
+
+    test::SceneFolder folder;
+};
+
+TEST_F(SceneGuardTest, HasNothingAgainstAFileThatTheReaderSurvives)
+{
+    SceneGuard guard(KT_SCENE_CHECK, {});
+    for (const char* text : {"Group {}", "DEF T TimeSensor { loop TRUE }", "Group {", "nonsense"}) {
+        guard.check(folder.writeScene("scene.wrl", text));
+        EXPECT_EQ(guard.verdict(), "") << text;
+    }
+    guard.check(folder.path("none.wrl"));
+    EXPECT_EQ(guard.verdict(), "");
+}
+
+TEST_F(SceneGuardTest, TellsWhereTheStackIsTooSmall)
+{
+    EXPECT_EQ(verdict(folder.writeScene("deep.wrl", nested(20000)), anyBrackets()),
+              "it is nested too deep for the reader, or without end");
+}
+
+TEST_F(SceneGuardTest, TellsOfAFileThatTakesTooLong)
+{
+    ReadLimits limits;
+    limits.seconds = 0.2;
+    limits.megabytes = 100000;
+    EXPECT_EQ(verdict(folder.writeScene("long.wrl", explosion(16)), limits),
+              "the reader needs more than 1 seconds for it");
+}
+
+TEST_F(SceneGuardTest, TellsOfAFileThatTakesTooMuchMemory)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer's own memory cannot be limited";
+#endif
+    ReadLimits limits;
+    limits.megabytes = 400;
+    limits.seconds = 100.0;
+    const std::string answer = verdict(folder.writeScene("large.wrl", explosion(16)), limits);
+    EXPECT_TRUE(answer == "the reader needs more than 400 megabytes for it" ||
+                answer == "the reader breaks down over it")
+        << answer;
+}
+
+TEST_F(SceneGuardTest, GoesOnAfterABadFile)
+{
+    SceneGuard guard(KT_SCENE_CHECK, anyBrackets());
+    const std::string deep = folder.writeScene("deep.wrl", nested(20000));
+    const std::string good = folder.writeScene("good.wrl", "Group {}");
+    for (int i = 0; i < 3; ++i) {
+        guard.check(deep);
+        EXPECT_NE(guard.verdict(), "");
+        guard.check(good);
+        EXPECT_EQ(guard.verdict(), "");
+    }
+}
+
+TEST_F(SceneGuardTest, FollowsTheReferencesOfTheFile)
+{
+    folder.writeScene("deep.wrl", nested(20000));
+    EXPECT_NE(verdict(folder.writeScene("scene.wrl", "Group {} Inline { url \"deep.wrl\" }"), anyBrackets()),
+              "");
+}
+
+TEST_F(SceneGuardTest, SaysWhereItsProgramDoesNotRun)
+{
+    SceneGuard guard(folder.path("no-such-program"), {});
+    guard.check(folder.writeScene("good.wrl", "Group {}"));
+    EXPECT_EQ(guard.verdict(), "the program that checks scene files does not run: No such file or directory");
+}
+
+TEST_F(SceneGuardTest, AReadingThatIsRefusedNeverGetsToTheReader)
+{
+    SceneGuard guard(KT_SCENE_CHECK, anyBrackets());
+    const std::string deep = folder.writeScene("deep.wrl", nested(20000));
+    EXPECT_EQ(SceneReader::read(deep, {}, &guard).error,
+              deep + ": it is nested too deep for the reader, or without end");
+    const SceneReading good = SceneReader::read(folder.writeScene("good.wrl", "DEF A Group {}"), {}, &guard);
+    EXPECT_TRUE(good) << good.error;
+}
+
+TEST_F(SceneGuardTest, KeepsToTheLimitsOfTheText)
+{
+    SceneGuard guard(KT_SCENE_CHECK, {});
+    const std::string deep = folder.writeScene("deep.wrl", nested(501));
+    EXPECT_EQ(SceneReader::read(deep, {}, &guard).error,
+              deep + ", line 2: more than 1000 brackets are open inside each other");
+    const std::string word = folder.writeScene("word.wrl", "Group {\n" + std::string(70000, 'x') + " 1 }");
+    EXPECT_EQ(SceneReader::read(word, {}, &guard).error, word + ", line 3: a word of 70000 bytes");
+    EXPECT_TRUE(SceneReader::read(
+        folder.writeScene("name.wrl", "DEF " + std::string(70000, 'x') + " Group {}"), {}, &guard));
+}
+
+class WildFilesTest : public testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(WildFilesTest, TheReaderSurvivesThem)
+{
+    if (!test::haveRealScenes())
+        GTEST_SKIP() << "no scenes at " KT_SCENES_DIR;
+    SceneGuard guard(KT_SCENE_CHECK, {});
+    const SceneReading reading = SceneReader::read(test::realScene(GetParam()), {}, &guard);
+    EXPECT_TRUE(reading) << reading.error;
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, WildFilesTest,
+                         testing::Values("10-recursive-inline/recurse_inline.wrl",
+                                         "11-self-script-proto/index.wrl", "made/use-cycle.wrl"));
+
+} // namespace
+} // namespace kthost
