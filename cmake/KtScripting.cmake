@@ -39,10 +39,13 @@ file(GLOB boost_python_sources
     "${KT_BOOST_PYTHON_SOURCES}/*.cpp"
     "${KT_BOOST_PYTHON_SOURCES}/converter/*.cpp"
     "${KT_BOOST_PYTHON_SOURCES}/object/*.cpp")
-add_library(ktBoostPython SHARED ${boost_python_sources})
+add_library(ktBoostPython SHARED ${boost_python_sources} "${PROJECT_SOURCE_DIR}/host/scripting/sharedTypes.cpp")
 add_library(kt::BoostPython ALIAS ktBoostPython)
 target_compile_features(ktBoostPython PUBLIC cxx_std_17)
-target_compile_definitions(ktBoostPython PRIVATE BOOST_PYTHON_SOURCE)
+target_compile_definitions(ktBoostPython
+    PRIVATE BOOST_PYTHON_SOURCE
+    # Its headers of this age tell of others that have moved since.
+    INTERFACE BOOST_BIND_GLOBAL_PLACEHOLDERS BOOST_ALLOW_DEPRECATED_HEADERS)
 # Not ours, so not by our rules; Python 2's own headers ask for the second.
 target_compile_options(ktBoostPython PRIVATE -w -fno-strict-aliasing)
 target_link_libraries(ktBoostPython PUBLIC Boost::headers PRIVATE KtPython2::Python)

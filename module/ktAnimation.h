@@ -6,6 +6,8 @@
 #include <kt/ktNodePtr.h>
 
 #include <list>
+#include <string>
+#include <vector>
 
 class QEvent;
 class QListWidgetItem;
@@ -83,6 +85,16 @@ public:
     /// Fires every hotkey that equals the Qt key code and modifiers; accepts the event (null: none) where one
     /// did.
     static void pressedKey(int key, int, int modifiers, QEvent* event);
+
+    // python/pyFunctions.cpp: what scripts call; there must be a module object.
+    /// The names of the records in registry order, as Latin-1.
+    static std::vector<std::string> pyGetAnimations();
+    static void pyStartAnimation(const char* name);
+    static void pyStopAnimation(const char* name);
+    static void pyPauseAnimation(const char* name);
+    static void pyContinueAnimation(const char* name);
+    static void pyResetAnimation(const char* name);
+    static void pyToggleAnimation(const char* name);
 
 public slots:
     // panel/animationList.cpp, panel/properties.cpp; the order is the meta-object's.

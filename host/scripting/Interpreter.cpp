@@ -1,0 +1,238 @@
+#include "host/scripting/Interpreter.h"
+
+#include "host/scripting/RunningScript.h"
+#include "host/scripting/ScriptStreams.h"
+#include "host/scripting/hostModule.h"
+#include "host/scripting/outcome.h"
+#include "host/scripting/values.h"
+
+#include <kt/ktLog.h>
+#include <kt/ktPythonInit.h>
+#include <kt/ktScript.h>
+
+#include <boost/python.hpp>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace kthost
+{
+namespace
+{
+
+namespace py = boost::python;
+
+Interpreter* current = nullptr;
+
+PyObject* namesOfScripts()
+{
+    return PyModule_GetDict(PyImport_AddModule("__main__"));
+}
+
+py::object scriptNames()
+{
+    return py::object(py::handle<>(py::borrowed(namesOfScripts())));
+}
+
+/// What scripts have made goes; what makes the namespace one stays.
+void forgetScriptNames()
+{
+    const py::object names = scriptNames();
+    const py::list present(names.attr("keys")());
+    for (py::ssize_t i = 0; i < py::len(present); ++i) {
+        if (!py::extract<bool>(present[i].attr("startswith")("__")))
+            names.attr("pop")(present[i]);
+    }
+}
+
+void startPython(const QString& home)
+{
+    if (Py_IsInitialized())
+        return;
+    if (!QFile::exists(QDir(home).filePath("lib/python2.7/os.py")))
+        throw std::runtime_error("Python: its standard library is not in " +
+                                 QFile::encodeName(home).toStdString());
+    // Python keeps the pointer.
+    static auto* const kept = new QByteArray(QFile::encodeName(QDir(home).absolutePath()));
+    Py_SetPythonHome(kept->data());
+    Py_IgnoreEnvironmentFlag = 1; // the user's settings are for a Python of another version
+    Py_NoUserSiteDirectory = 1;
+    Py_InitializeEx(0);
+    RunningScript::prepare();
+    registerStringListConverter();
+    ScriptStreams::install();
+    makeHostModule();
+}
+
+bool runForModules(const char* statement)
+{
+    const ScriptOutcome outcome = current->runStatement(statement);
+    return outcome.kind == ScriptOutcome::Done;
+}
+
+/// Runs what scripts registered for the end. Python's own end would do so, and more that Boost.Python cannot
+/// bear.
+void runExitFunctions()
+{
+    PyObject* function = PySys_GetObject(const_cast<char*>("exitfunc"));
+    if (!function)
+        return;
+    const py::object call{py::handle<>(py::borrowed(function))};
+    PySys_SetObject(const_cast<char*>("exitfunc"), nullptr);
+    run([&] { call(); });
+}
+
+/// sys.argv and the first entry of sys.path for as long as a file runs.
+class FileSettings
+{
+public:
+    FileSettings(const QString& file, const std::vector<std::string>& arguments)
+        : _folder(QFile::encodeName(QFileInfo(file).absolutePath()).toStdString())
+    {
+        const std::string name = QFile::encodeName(file).toStdString();
+        py::list words;
+        words.append(py::str(name.data(), name.size()));
+        for (const std::string& argument : arguments)
+            words.append(py::str(argument.data(), argument.size()));
+        py::object sys = py::import("sys");
+        sys.attr("argv") = words;
+        sys.attr("path").attr("insert")(0, py::str(_folder.data(), _folder.size()));
+        scriptNames()["__file__"] = py::str(name.data(), name.size());
+    }
+
+    void restore() const
+    {
+        const py::object path = py::import("sys").attr("path");
+        const py::str folder(_folder.data(), _folder.size());
+        if (path.contains(folder))
+            path.attr("remove")(folder);
+    }
+
+private:
+    std::string _folder;
+};
+
+} // namespace
+
+Interpreter::Interpreter(ScriptHost& host, const QString& home)
+{
+    try {
+        startPython(home);
+        setScriptHost(&host);
+    } catch (const py::error_already_set&) {
+        throw std::runtime_error("Python: it could not be started: " + takePythonError().why);
+    }
+    current = this;
+    ktScript::setRunner(runForModules);
+}
+
+Interpreter::~Interpreter()
+{
+    ktPythonInit::notify(true);
+    reportLeftError("the end of a module");
+    runExitFunctions();
+    run(forgetScriptNames);
+    run([] { py::import("gc").attr("collect")(); });
+    ScriptStreams::finishLines();
+    setListener({});
+    setIdleCall({});
+    setScriptHost(nullptr);
+    ktScript::setRunner(nullptr);
+    current = nullptr;
+}
+
+void Interpreter::announce()
+{
+    ktPythonInit::notify(false);
+    reportLeftError("the start of a module");
+}
+
+ScriptOutcome Interpreter::runFile(const QString& file, const std::vector<std::string>& arguments)
+{
+    const QByteArray name = QFile::encodeName(file);
+    std::FILE* opened = std::fopen(name.constData(), "rb");
+    if (!opened) {
+        ScriptOutcome outcome;
+        outcome.kind = ScriptOutcome::Failed;
+        outcome.why = "it could not be opened";
+        return outcome;
+    }
+    return run([&] {
+        const FileSettings settings(file, arguments);
+        PyObject* names = namesOfScripts();
+        PyObject* result = PyRun_FileEx(opened, name.constData(), Py_file_input, names, names, 1);
+        const PythonErrorKeeper error; // while the settings go back
+        settings.restore();
+        Py_XDECREF(result);
+    });
+}
+
+ScriptOutcome Interpreter::runStatement(const char* statement)
+{
+    return run([&] {
+        PyObject* names = namesOfScripts();
+        Py_XDECREF(PyRun_String(statement, Py_file_input, names, names));
+    });
+}
+
+bool Interpreter::runTyped(const std::string& text, ScriptOutcome& outcome)
+{
+    bool isWhole = true;
+    outcome = run([&] {
+        const py::object code = py::import("code").attr("compile_command")(py::str(text.data(), text.size()),
+                                                                           "<console>", "single");
+        isWhole = !code.is_none();
+        if (!isWhole)
+            return;
+        PyObject* names = namesOfScripts();
+        Py_XDECREF(PyEval_EvalCode(reinterpret_cast<PyCodeObject*>(code.ptr()), names, names));
+    });
+    return isWhole;
+}
+
+QStringList Interpreter::completions(const QString& text)
+{
+    QStringList found;
+    try {
+        const QByteArray bytes = text.toUtf8();
+        const py::object completer = py::import("rlcompleter").attr("Completer")(scriptNames());
+        for (int i = 0;; ++i) {
+            const py::object name = completer.attr("complete")(
+                py::str(bytes.constData(), static_cast<std::size_t>(bytes.size())), i);
+            if (name.is_none())
+                break;
+            found << QString::fromUtf8(QByteArray::fromStdString(toBytes(name, "a name")));
+        }
+    } catch (const py::error_already_set&) {
+        PyErr_Clear(); // what stands before the dot cannot be looked at
+    }
+    found.removeDuplicates();
+    found.sort();
+    return found;
+}
+
+bool Interpreter::isRunning() const
+{
+    return RunningScript::isAnyRunning();
+}
+
+void Interpreter::interrupt()
+{
+    RunningScript::interrupt();
+}
+
+void Interpreter::setIdleCall(std::function<void()> call)
+{
+    RunningScript::setIdleCall(std::move(call));
+}
+
+void Interpreter::setListener(Listener listener)
+{
+    ScriptStreams::setListener(std::move(listener));
+}
+
+} // namespace kthost

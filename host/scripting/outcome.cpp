@@ -1,0 +1,118 @@
+#include "host/scripting/outcome.h"
+
+#include "host/scripting/RunningScript.h"
+#include "host/scripting/ScriptStreams.h"
+
+#include <kt/ktLog.h>
+
+#include <boost/python.hpp>
+
+#include <QString>
+
+namespace kthost
+{
+namespace
+{
+
+namespace py = boost::python;
+
+constexpr int lowByte = 0xff; // all that the system keeps of an exit status
+
+/// `str(value)` on one line; what cannot be said so is left out.
+std::string textOf(PyObject* value)
+{
+    PyObject* text = value ? PyObject_Str(value) : nullptr;
+    const char* bytes = text ? PyString_AsString(text) : nullptr;
+    const QString line = QString::fromUtf8(bytes).simplified();
+    Py_XDECREF(text);
+    PyErr_Clear();
+    return line.toStdString();
+}
+
+std::string describe(PyObject* type, PyObject* value)
+{
+    std::string name = PyExceptionClass_Check(type) ? PyExceptionClass_Name(type) : "an exception";
+    const std::size_t dot = name.rfind('.');
+    if (dot != std::string::npos && name.compare(0, dot, "exceptions") == 0)
+        name.erase(0, dot + 1);
+    const std::string text = textOf(value);
+    return text.empty() ? name : name + ": " + text;
+}
+
+/// Of SystemExit: nothing is 0, a number itself, anything else is printed and 1; as in any Python.
+int exitStatus(PyObject* exception)
+{
+    PyObject* code = PyObject_GetAttrString(exception, "code");
+    if (!code)
+        PyErr_Clear();
+    int status = 0;
+    if (code && (PyInt_Check(code) || PyLong_Check(code))) {
+        status = static_cast<int>(PyInt_AsUnsignedLongMask(code) & lowByte);
+    } else if (code && code != Py_None) {
+        PySys_WriteStderr("%s\n", textOf(code).c_str());
+        status = 1;
+    }
+    Py_XDECREF(code);
+    return status;
+}
+
+} // namespace
+
+ScriptOutcome takePythonError()
+{
+    ScriptOutcome outcome;
+    if (!PyErr_Occurred())
+        return outcome;
+    PyObject* type = nullptr;
+    PyObject* value = nullptr;
+    PyObject* traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    if (PyErr_GivenExceptionMatches(type, PyExc_SystemExit)) {
+        outcome.kind = ScriptOutcome::Exit;
+        outcome.status = exitStatus(value);
+        Py_XDECREF(type);
+        Py_XDECREF(value);
+        Py_XDECREF(traceback);
+        return outcome;
+    }
+    const bool isInterrupt = PyErr_GivenExceptionMatches(type, PyExc_KeyboardInterrupt) != 0;
+    outcome.kind = isInterrupt ? ScriptOutcome::Interrupted : ScriptOutcome::Failed;
+    outcome.why = describe(type, value);
+    PyErr_Restore(type, value, traceback);
+    PyErr_PrintEx(0);
+    return outcome;
+}
+
+ScriptOutcome run(const std::function<void()>& call)
+{
+    ScriptOutcome outcome;
+    std::string failure;
+    {
+        const RunningScript running;
+        try {
+            call();
+        } catch (const py::error_already_set&) {
+            // It is the present exception now.
+        } catch (const std::exception& error) {
+            failure = error.what();
+        }
+        outcome = takePythonError();
+    }
+    if (outcome.kind == ScriptOutcome::Done && !failure.empty()) {
+        outcome.kind = ScriptOutcome::Failed;
+        outcome.why = failure;
+    }
+    ScriptStreams::finishLines();
+    return outcome;
+}
+
+void reportLeftError(const char* what)
+{
+    if (!PyErr_Occurred())
+        return;
+    const ScriptOutcome outcome = takePythonError();
+    ktLog::error("%s: %s", what, outcome.why.empty() ? "it asked the program to end" : outcome.why.c_str());
+}
+
+} // namespace kthost
