@@ -52,9 +52,10 @@ void ActionRunner::perform(const SendAction& action)
                         "nobody listens to the message '" + action.message + "'");
 }
 
-void ActionRunner::perform(const RunAction& action)
+void ActionRunner::advance(double seconds, double framesPerSecond, const std::function<void()>& afterStep)
 {
-    _session.frames().run(action.seconds, _framesPerSecond, [this] {
+    const double rate = framesPerSecond > 0.0 ? framesPerSecond : _framesPerSecond;
+    _session.frames().run(seconds, rate, [&] {
         if (!_framesFolder.isEmpty()) {
             ++_framesWritten;
             const QString name = QStringLiteral("frame-%1.png").arg(_framesWritten, 5, 10, QLatin1Char('0'));
@@ -62,7 +63,19 @@ void ActionRunner::perform(const RunAction& action)
         }
         if (_afterStep)
             _afterStep();
+        if (afterStep)
+            afterStep();
     });
+}
+
+void ActionRunner::writePicture(const QString& file, const QSize& size)
+{
+    _pictures.write(file, size.isValid() ? size : _size);
+}
+
+void ActionRunner::perform(const RunAction& action)
+{
+    advance(action.seconds, _framesPerSecond, {});
 }
 
 void ActionRunner::perform(const FpsAction& action)
@@ -72,7 +85,7 @@ void ActionRunner::perform(const FpsAction& action)
 
 void ActionRunner::perform(const ScreenshotAction& action)
 {
-    _pictures.write(action.file, _size);
+    writePicture(action.file, _size);
 }
 
 void ActionRunner::perform(const FramesAction& action)
@@ -91,6 +104,11 @@ void ActionRunner::perform(const SizeAction& action)
 void ActionRunner::perform(const SaveAction& action)
 {
     _session.save(action.file);
+}
+
+void ActionRunner::perform(const ScriptAction& action)
+{
+    _runScript(action);
 }
 
 } // namespace kthost

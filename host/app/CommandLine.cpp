@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QHash>
 
+#include <algorithm>
 #include <cmath>
 
 namespace kthost
@@ -103,6 +104,7 @@ void addOptions(QCommandLineParser& parser)
     add("frames", "Writes a numbered picture for each step of the runs that follow.", "FOLDER");
     add("size", "Size of the pictures that follow, in pixels (1280x800).", "WxH");
     add("save", "Saves the project: which scene is open, and what plug-ins keep with it.", "FILE.ktproj");
+    add("script", "Runs a Python script; what follows -- are its arguments.", "FILE.py");
     add("plugin", "Loads this plug-in instead of the installed ones.", "FILE");
     add("plugin-dir", "Loads the plug-ins of this folder instead of the installed ones.", "FOLDER");
     parser.addOption({{"v", "version"}, "Prints the version."});
@@ -135,10 +137,28 @@ void take(CommandLine& line, const QString& name, const QString& value)
         line.actions.emplace_back(SizeAction{size(value, option)});
     else if (name == "save")
         line.actions.emplace_back(save(value, option));
+    else if (name == "script")
+        line.actions.emplace_back(ScriptAction{path(value, option), {}});
     else if (name == "plugin")
         line.pluginFiles.push_back(path(value, option));
     else if (name == "plugin-dir")
         line.pluginFolders.push_back(path(value, option));
+}
+
+/// What follows `--` belongs to the scripts where there are any; it is taken off `words` then.
+std::vector<std::string> takeScriptWords(QStringList& words)
+{
+    const int separator = words.indexOf(QStringLiteral("--"));
+    const auto isScript = [](const QString& word) {
+        return word == "--script" || word.startsWith("--script=");
+    };
+    if (separator < 0 || std::none_of(words.cbegin(), words.cbegin() + separator, isScript))
+        return {};
+    std::vector<std::string> taken;
+    for (const QString& word : words.mid(separator + 1))
+        taken.push_back(word.toLatin1().toStdString());
+    words = words.mid(0, separator);
+    return taken;
 }
 
 } // namespace
@@ -149,6 +169,7 @@ CommandLine CommandLine::parse(int argc, const char* const* argv)
     for (int i = 0; i < argc; ++i)
         words << QString::fromLatin1(argv[i]);
 
+    const std::vector<std::string> scriptWords = takeScriptWords(words);
     QCommandLineParser parser;
     addOptions(parser);
     CommandLine line;
@@ -162,6 +183,10 @@ CommandLine CommandLine::parse(int argc, const char* const* argv)
     QHash<QString, int> taken; // the parser gives names in order, and values in order for each name
     for (const QString& name : parser.optionNames())
         take(line, name, parser.values(name).value(taken[name]++));
+    for (Action& action : line.actions) {
+        if (auto* script = std::get_if<ScriptAction>(&action))
+            script->words = scriptWords;
+    }
 
     const QStringList files = parser.positionalArguments();
     if (files.size() > 1)

@@ -65,8 +65,15 @@ struct SaveAction
     QString file; ///< Ends in ".ktproj".
 };
 
+/// Run a script with these words as its arguments. They are bytes as given.
+struct ScriptAction
+{
+    QString file;
+    std::vector<std::string> words;
+};
+
 using Action = std::variant<ListAction, DumpAction, SendAction, RunAction, FpsAction, ScreenshotAction,
-                            FramesAction, SizeAction, SaveAction>;
+                            FramesAction, SizeAction, SaveAction, ScriptAction>;
 
 /// The program's arguments, understood.
 struct CommandLine

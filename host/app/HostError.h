@@ -13,7 +13,8 @@ enum class ExitStatus {
     BadFile = 3, ///< A file could not be read or written.
     NoPicture = 4,
     ScriptFailed = 5,
-    NoPlugin = 6 ///< A plug-in that was asked for by its file could not be loaded.
+    NoPlugin = 6,     ///< A plug-in that was asked for by its file could not be loaded.
+    Interrupted = 130 ///< A script, by Ctrl-C: as shells say it.
 };
 
 /// What the user asked for could not be done: what, why, and the status that the program ends with for it.

@@ -21,6 +21,7 @@ public:
     /// Goes on from the present simulation time.
     void start();
     void stop();
+    bool isRunning() const { return _timer.isActive(); }
 
 signals:
     /// A frame is done: the scene is as it is at `seconds` of simulation time.

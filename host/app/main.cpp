@@ -5,6 +5,7 @@
 #include "host/app/LiveClock.h"
 #include "host/app/Pictures.h"
 #include "host/app/PluginLoader.h"
+#include "host/app/Scripting.h"
 #include "host/app/Session.h"
 #include "host/app/window/MainWindow.h"
 
@@ -73,11 +74,15 @@ int runHeadless(const CommandLine& line)
     QKTDockWindowManager docks(&window);
     ktController::setMainWindow(&window, &docks);
     PluginLoader plugins;
+    ActionRunner runner(session, pictures);
+    Scripting scripting(session, runner);
     try {
         loadPlugins(plugins, line);
         if (!line.file.isEmpty())
             session.open(line.file);
-        ActionRunner(session, pictures).run(line.actions);
+        runner.run(line.actions);
+    } catch (const ScriptExit& exit) {
+        return exit.status;
     } catch (const HostError& error) {
         return fail(error);
     }
@@ -91,6 +96,9 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     ktController::setMainWindow(&window, &window.docks());
     PluginLoader plugins;
     LiveClock clock(session.frames());
+    Pictures pictures(session, &window.sceneView());
+    ActionRunner runner(session, pictures, [] { QCoreApplication::processEvents(); });
+    Scripting scripting(session, runner, &clock);
     QObject::connect(&clock, &LiveClock::ticked, &window, &MainWindow::showTime);
     int status = 0;
     try {
@@ -99,8 +107,9 @@ int runInWindow(const CommandLine& line, const HostLog& log)
         window.show();
         if (!line.file.isEmpty())
             session.open(line.file);
-        Pictures pictures(session, &window.sceneView());
-        ActionRunner(session, pictures, [] { QCoreApplication::processEvents(); }).run(line.actions);
+        runner.run(line.actions);
+    } catch (const ScriptExit& exit) {
+        return exit.status;
     } catch (const HostError& error) {
         status = fail(error);
         if (error.status() == ExitStatus::NoPlugin)
