@@ -39,6 +39,7 @@ file sdk/include/osg/kt.h <<<'#include <kt/ktMessage.h>'
 file sdk/src/kt/plugin.cpp <<<'#include "module/ktAnimation.h"'
 file sdk/include/kt/host.h <<<'#include "host/vrml/SceneFile.h"'
 file host/app/coin.cpp <<<'#include <Inventor/Qt/SoQt.h>'
+file host/project/coin.cpp <<<'#include <Inventor/SoDB.h>'
 file host/app/plugin.cpp <<<'#include "registry/records.h"'
 file host/view/relative.cpp <<<'#include "../app/MainWindow.h"'
 file listwidget/stranger.cpp <<<'#include <json/json.h>'
@@ -54,6 +55,7 @@ expect_line "sdk/include/osg/kt.h:1: kt/ktMessage.h (kt) is out of reach for sdk
 expect_line "sdk/src/kt/plugin.cpp:1: module/ktAnimation.h (plugin) is out of reach for sdk/src/"
 expect_line "sdk/include/kt/host.h:1: host/vrml/SceneFile.h (host) is out of reach for sdk/include/"
 expect_line "host/app/coin.cpp:1: Inventor/Qt/SoQt.h (coin) is out of reach for host/"
+expect_line "host/project/coin.cpp:1: Inventor/SoDB.h (coin) is out of reach for host/project/"
 expect_line "host/app/plugin.cpp:1: registry/records.h (plugin) is out of reach for host/"
 expect_line "host/view/relative.cpp:1: ../app/MainWindow.h is relative; name it from its top folder"
 expect_line "listwidget/stranger.cpp:1: json/json.h is nothing this project depends on"
