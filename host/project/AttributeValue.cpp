@@ -196,7 +196,7 @@ bool AttributeValue::areSame(const boost::any& a, const boost::any& b)
 QJsonValue AttributeValue::bytesToJson(const std::string& bytes)
 {
     const auto raw = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
-    const QString text = QString::fromUtf8(raw);
+    const QString text = QString::fromUtf8(raw.constData(), raw.size()); // all of it: zeros are bytes as well
     if (text.toUtf8() == raw)
         return text;
     return QJsonObject{{base64Key, QString::fromLatin1(raw.toBase64())}};

@@ -39,6 +39,19 @@ void syncFolder(const QString& folder)
     ::close(fd);
 }
 
+/// A disk that fills up takes a part first, and says why only when it is asked to take the rest.
+bool writeAll(QIODevice& device, const QByteArray& bytes)
+{
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 count = device.write(bytes.constData() + written, bytes.size() - written);
+        if (count <= 0)
+            return false;
+        written += count;
+    }
+    return true;
+}
+
 } // namespace
 
 bool ProjectFile::isProject(const QString& file)
@@ -69,7 +82,7 @@ void ProjectFile::write(const Project& project, const QString& file)
         fail(file, QStringLiteral("it is not a regular file"));
 
     QSaveFile next(file);
-    if (!next.open(QIODevice::WriteOnly) || next.write(json) != json.size() || !next.commit())
+    if (!next.open(QIODevice::WriteOnly) || !writeAll(next, json) || !next.commit())
         fail(file, next.errorString());
     syncFolder(QFileInfo(present.exists() ? present.canonicalFilePath() : file).absolutePath());
 }
