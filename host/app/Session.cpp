@@ -5,6 +5,7 @@
 #include "host/project/ScenePath.h"
 #include "host/vrml/SceneBinding.h"
 #include "host/vrml/SceneBuilder.h"
+#include "host/vrml/SceneGuard.h"
 #include "host/vrml/SceneReader.h"
 
 #include <kt/ktController.h>
@@ -31,6 +32,13 @@ void deliver(std::uint32_t id)
     ktController::deliver(message);
 }
 
+SceneNodes drawable(const QString& file, SceneNodes nodes)
+{
+    if (!nodes.problem.empty())
+        throw HostError(ExitStatus::BadFile, QFile::encodeName(file).toStdString(), nodes.problem);
+    return nodes;
+}
+
 } // namespace
 
 MissingSceneError::MissingSceneError(const QString& project, const QString& scene)
@@ -42,9 +50,9 @@ MissingSceneError::MissingSceneError(const QString& project, const QString& scen
 
 struct Session::Scene
 {
-    explicit Scene(SceneReading reading)
+    Scene(const QString& file, SceneReading reading, const ReadLimits& limits)
         : reader(std::move(reading)),
-          nodes(SceneBuilder::build(*reader.root, reader.names)),
+          nodes(drawable(file, SceneBuilder::build(*reader.root, reader.names, limits.sceneDepth))),
           binding(CoinRef<SoNode>(reader.root.get()), nodes.sensors)
     {
     }
@@ -58,12 +66,15 @@ std::unique_ptr<Session::Scene> Session::load(const QString& file)
 {
     try {
         emit opening(OpenStep::Reading, file);
-        SceneReading reading = SceneReader::read(QFile::encodeName(file).toStdString(),
-                                                 [this](double part) { emit this->reading(part); });
+        SceneReading reading = SceneReader::read(
+            QFile::encodeName(file).toStdString(), [this](double part) { emit this->reading(part); }, _guard);
         if (!reading)
             throw HostError(ExitStatus::BadFile, reading.error);
         emit opening(OpenStep::Building, file);
-        return std::make_unique<Scene>(std::move(reading));
+        auto scene =
+            std::make_unique<Scene>(file, std::move(reading), _guard ? _guard->limits() : ReadLimits());
+        reportWarnings(file, *scene);
+        return scene;
     } catch (const std::bad_alloc&) {
         throw HostError(ExitStatus::BadFile, file.toStdString(), "there is not enough memory for it");
     }

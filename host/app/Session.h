@@ -15,6 +15,7 @@ namespace kthost
 {
 
 class NodeNames;
+class SceneGuard;
 
 /// What open() is about to do; each can take its time with a large scene.
 enum class OpenStep {
@@ -46,9 +47,16 @@ public:
     Session();
     ~Session() override;
 
-    /// Opens a VRML97 scene in place of the present one. Modules are told with messages 16 and 32768; looping
-    /// sensors run from now on. Warnings of the reader go to the log. Throws HostError (BadFile), one line
-    /// with the reader's words, where it does not load; the present scene then stays.
+    /// Who checks scene files before they are read, and within which limits; null, as at first, for nobody.
+    /// It must outlive the session.
+    void setGuard(SceneGuard* guard) { _guard = guard; }
+
+    /// Opens a VRML97 scene with a new, empty project, or a project (by its name, see ProjectFile::isProject)
+    /// with its scene, in place of what is open. Modules are told with messages 16 and 32768, for a project
+    /// with 8192 between them; without a scene, there is no 32768. Looping sensors run from now on. Warnings
+    /// of the readers go to the log. Throws HostError (BadFile), one line with the reader's words, where the
+    /// file or the project's scene does not load; what is open then stays. MissingSceneError where the
+    /// project's scene is not there.
     void open(const QString& file);
 
     /// Opens a project with this scene instead of the one that it names; a save makes it the project's own.
@@ -121,6 +129,7 @@ private:
 
     void clear();
 
+    SceneGuard* _guard = nullptr;
     FrameLoop _frames;
     OpenProject _project;
     std::unique_ptr<Scene> _scene;

@@ -8,6 +8,7 @@
 #include "host/app/Scripting.h"
 #include "host/app/Session.h"
 #include "host/app/window/MainWindow.h"
+#include "host/vrml/SceneGuard.h"
 
 #include <kt/ktController.h>
 #include <kt/ktLog.h>
@@ -66,9 +67,18 @@ void loadPlugins(PluginLoader& loader, const CommandLine& line)
             QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral(KT_PLUGIN_FOLDER)));
 }
 
+/// Starts beside the rest of the program, so that it is ready for the first scene.
+std::string guardProgram()
+{
+    const QDir folder(QCoreApplication::applicationDirPath());
+    return QFile::encodeName(folder.filePath(QStringLiteral(KT_SCENE_CHECK))).toStdString();
+}
+
 int runHeadless(const CommandLine& line)
 {
+    SceneGuard guard(guardProgram(), ReadLimits::fromEnvironment());
     Session session;
+    session.setGuard(&guard);
     Pictures pictures(session);
     QMainWindow window; // never shown; modules make their panels in it
     QKTDockWindowManager docks(&window);
@@ -91,7 +101,9 @@ int runHeadless(const CommandLine& line)
 
 int runInWindow(const CommandLine& line, const HostLog& log)
 {
+    SceneGuard guard(guardProgram(), ReadLimits::fromEnvironment());
     Session session;
+    session.setGuard(&guard);
     MainWindow window(session, log);
     ktController::setMainWindow(&window, &window.docks());
     PluginLoader plugins;
@@ -104,7 +116,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     try {
         loadPlugins(plugins, line);
         window.arrange();
-        window.show();
+        window.appear();
         if (!line.file.isEmpty())
             session.open(line.file);
         runner.run(line.actions);

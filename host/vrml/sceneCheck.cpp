@@ -22,6 +22,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <new>
+#include <sstream>
 #include <string>
 
 namespace
@@ -97,11 +98,17 @@ void limitThisProcess(const ReadLimits& limits)
     _exit(Survived);
 }
 
+std::string number(double value)
+{
+    std::ostringstream text;
+    text << value;
+    return text.str();
+}
+
 std::string verdictOf(int status, const ReadLimits& limits)
 {
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
-        return "the reader needs more than " + std::to_string(std::lround(std::ceil(limits.seconds))) +
-               " seconds for it";
+        return "the reader takes longer than " + number(limits.seconds) + " s for it";
     if (WIFEXITED(status) && WEXITSTATUS(status) == MemoryIsFull)
         return "the reader needs more than " + std::to_string(limits.megabytes) + " megabytes for it";
     if (WIFEXITED(status) && WEXITSTATUS(status) == StackIsFull)

@@ -81,7 +81,7 @@ TEST_F(SceneGuardTest, TellsOfAFileThatTakesTooLong)
     limits.seconds = 0.2;
     limits.megabytes = 100000;
     EXPECT_EQ(verdict(folder.writeScene("long.wrl", explosion(16)), limits),
-              "the reader needs more than 1 seconds for it");
+              "the reader takes longer than 0.2 s for it");
 }
 
 TEST_F(SceneGuardTest, TellsOfAFileThatTakesTooMuchMemory)
