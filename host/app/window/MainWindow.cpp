@@ -39,15 +39,16 @@ namespace kthost
 namespace
 {
 
-constexpr QSize firstSize(1280, 800);
-constexpr int treeWidth = 230;
+constexpr QSize firstSize(1440, 900);
 
 /// In milliseconds; some displays never tell.
 constexpr int longestAppearance = 1000;
 constexpr int pause = 20;
 
-/// Of the window's height; the picture is what the window is for.
-constexpr double bottomShare = 0.36;
+/// Of the window's size. The picture is what the window is for; below it a panel of the first size fits
+/// whole.
+constexpr double treeShare = 0.18;
+constexpr double bottomShare = 0.42;
 
 /// The one local file that is dragged; empty where it is none or several.
 QString draggedFile(const QMimeData* data)
@@ -136,7 +137,7 @@ void MainWindow::arrange()
 void MainWindow::setDefaultSizes()
 {
     layout()->activate(); // a window that is not shown yet has no sizes to change
-    resizeDocks({dockOf(_sceneTree)}, {treeWidth}, Qt::Horizontal);
+    resizeDocks({dockOf(_sceneTree)}, {static_cast<int>(width() * treeShare)}, Qt::Horizontal);
     resizeDocks({dockOf(_log)}, {static_cast<int>(height() * bottomShare)}, Qt::Vertical);
 }
 

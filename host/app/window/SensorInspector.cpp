@@ -54,6 +54,8 @@ int alignmentOf(int column)
 {
     const bool isNumber =
         column >= SensorTableModel::FractionColumn && column <= SensorTableModel::CycleColumn;
+    if (column == SensorTableModel::LoopColumn)
+        return Qt::AlignCenter; // apart from the number before it
     return static_cast<int>((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 

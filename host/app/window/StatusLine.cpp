@@ -20,8 +20,8 @@ constexpr int progressWidth = 160;
 /// Where the steps of an opening begin on the progress bar, in percent: about what they take with large
 /// scenes. A step that has begun counts: an empty bar looks stuck.
 constexpr int readingBegins = 2;
-constexpr int buildingBegins = 70;
-constexpr int announcingBegins = 85;
+constexpr int buildingBegins = 65;
+constexpr int announcingBegins = 90;
 
 int beginOf(OpenStep step)
 {
