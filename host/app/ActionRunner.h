@@ -25,8 +25,8 @@ public:
     /// Who runs scripts.
     void setScriptRunner(std::function<void(const ScriptAction&)> runner) { _runScript = std::move(runner); }
 
-    /// What `--run` does, with the picture of each step where they are asked for; 0 steps a second stand for the
-    /// present rate. `afterStep` may end it by throwing.
+    /// What `--run` does, with the picture of each step where they are asked for; 0 steps a second stand for
+    /// the present rate. `afterStep` may end it by throwing.
     void advance(double seconds, double framesPerSecond, const std::function<void()>& afterStep);
 
     /// What `--screenshot` does; an invalid size stands for the present one.

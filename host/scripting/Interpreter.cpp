@@ -43,9 +43,9 @@ void forgetScriptNames()
 {
     const py::object names = scriptNames();
     const py::list present(names.attr("keys")());
-    for (py::ssize_t i = 0; i < py::len(present); ++i) {
-        if (!py::extract<bool>(present[i].attr("startswith")("__")))
-            names.attr("pop")(present[i]);
+    for (py::stl_input_iterator<std::string> name(present), end; name != end; ++name) {
+        if (name->compare(0, 2, "__") != 0)
+            names.attr("pop")(*name);
     }
 }
 
@@ -132,10 +132,11 @@ Interpreter::Interpreter(ScriptHost& host, const QString& home)
 
 Interpreter::~Interpreter()
 {
-    ktPythonInit::notify(true);
-    reportLeftError("the end of a module");
+    // Scripts first, which may use the modules to the last.
     runExitFunctions();
     run(forgetScriptNames);
+    ktPythonInit::notify(true);
+    reportLeftError("the end of a module");
     run([] { py::import("gc").attr("collect")(); });
     ScriptStreams::finishLines();
     setListener({});

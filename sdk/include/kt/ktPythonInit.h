@@ -7,8 +7,10 @@
 class KT_EXPORT ktPythonInit
 {
 public:
-    /// Called with false when the interpreter is ready (at once, where it is ready already and the library
-    /// has been set up), and with true when it is about to end.
+    /// Called with false when the interpreter is ready, before any script runs, and with true when it is
+    /// about to end, before the library is unloaded. A host may start its interpreter long after the library
+    /// was loaded, or never; then the callback is never called. One that is made after that start is called
+    /// when the host notifies the next time.
     using Callback = void (*)(bool destroy);
 
     /// A null callback is never called.
@@ -19,7 +21,8 @@ public:
     ktPythonInit& operator=(const ktPythonInit&) = delete;
 
     /// For the host: calls every living callback, in order of construction, that has not been told of this
-    /// state yet.
+    /// state yet; to be called with false after the interpreter's start and after each later load of
+    /// libraries. An exception of one is logged and keeps none of the others from their turn.
     static void notify(bool destroy);
 
 private:

@@ -1,6 +1,9 @@
 #include <kt/ktPythonInit.h>
 
+#include <kt/ktLog.h>
+
 #include <algorithm>
+#include <exception>
 #include <vector>
 
 namespace
@@ -34,6 +37,12 @@ void ktPythonInit::notify(bool destroy)
         if (!lives || !init->_callback || init->_isReady != destroy)
             continue;
         init->_isReady = !destroy;
-        init->_callback(destroy);
+        try {
+            init->_callback(destroy);
+        } catch (const std::exception& error) {
+            ktLog::error("a module's interpreter callback failed: %s", error.what());
+        } catch (...) {
+            ktLog::error("a module's interpreter callback failed with an unknown exception");
+        }
     }
 }

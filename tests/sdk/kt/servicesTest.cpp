@@ -190,6 +190,21 @@ TEST_F(PythonInitTest, CallbacksAreToldOnceOfEachState)
     EXPECT_EQ(told, (Lines{"first: ready", "second: ready", "first: end", "second: end"}));
 }
 
+TEST_F(PythonInitTest, OneThatThrowsKeepsNoneOfTheOthersFromTheirTurn)
+{
+    const kt::test::LogRecorder log;
+    const ktPythonInit first([](bool) { throw std::runtime_error("no luck"); });
+    const ktPythonInit second([](bool) { throw 1; });
+    const ktPythonInit third(tellFirst);
+
+    ktPythonInit::notify(false);
+
+    EXPECT_EQ(told, Lines{"first: ready"});
+    ASSERT_EQ(log.lines().size(), 2u);
+    EXPECT_NE(log.lines()[0].find("no luck"), std::string::npos);
+    ktPythonInit::notify(true);
+}
+
 TEST_F(PythonInitTest, OneThatIsGoneIsNotCalled)
 {
     {
