@@ -15,6 +15,11 @@ namespace
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view header = "#VRML V2.0 utf8";
 
+std::string_view withoutMark(std::string_view text)
+{
+    return text.substr(0, byteOrderMark.size()) == byteOrderMark ? text.substr(byteOrderMark.size()) : text;
+}
+
 /// The names of one name scope.
 struct Scope
 {
@@ -211,8 +216,7 @@ private:
 
 ReaderText DefLexer::rewrite(std::string_view text, NodeNames& names, const ReadLimits& limits)
 {
-    if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
-        text.remove_prefix(byteOrderMark.size());
+    text = withoutMark(text);
     if (isVrml97(text))
         return Rewriter(text, names, limits).run();
     ReaderText other;
@@ -222,7 +226,7 @@ ReaderText DefLexer::rewrite(std::string_view text, NodeNames& names, const Read
 
 bool DefLexer::isVrml97(std::string_view text)
 {
-    return text.substr(0, header.size()) == header;
+    return withoutMark(text).substr(0, header.size()) == header;
 }
 
 } // namespace kthost

@@ -35,7 +35,7 @@ class DefLexer
 public:
     static ReaderText rewrite(std::string_view text, NodeNames& names, const ReadLimits& limits = {});
 
-    /// True where the text begins with the header of VRML97.
+    /// True where the text begins with the header of VRML97, behind a byte-order mark perhaps.
     static bool isVrml97(std::string_view text);
 };
 

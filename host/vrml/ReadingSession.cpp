@@ -3,12 +3,14 @@
 #include "host/vrml/DefLexer.h"
 #include "host/vrml/FileBytes.h"
 #include "host/vrml/LocalUrl.h"
+#include "host/vrml/NodeKinds.h"
+#include "host/vrml/ReportingInput.h"
 #include "host/vrml/SceneGuard.h"
 #include "host/vrml/SceneSkeleton.h"
+#include "host/vrml/TextMender.h"
 #include "host/vrml/TextureImages.h"
 
 #include <Inventor/SoDB.h>
-#include <Inventor/SoInput.h>
 #include <Inventor/VRMLnodes/SoVRMLInline.h>
 #include <Inventor/errors/SoReadError.h>
 #include <Inventor/misc/SoProto.h>
@@ -66,38 +68,14 @@ private:
     std::string _former;
 };
 
-/// Says while the library reads it how far that is. The library asks for a name at least once a node.
-class ReportingInput : public SoInput
+std::string located(const std::string& name, std::size_t line, const std::string& words)
 {
-public:
-    ReportingInput(const std::string& text, ReadingProgress progress)
-        : _size(text.size()), _step(text.size() / 100 + 1), _progress(std::move(progress))
-    {
-        setBuffer(text.data(), text.size());
-    }
-
-    using SoInput::read;
-    SbBool read(SbName& name, SbBool validIdent) override
-    {
-        const std::size_t done = _progress ? getNumBytesRead() : 0;
-        if (done >= _next) {
-            _next = done + _step;
-            _progress(std::min(static_cast<double>(done) / static_cast<double>(_size), 1.0));
-        }
-        return SoInput::read(name, validIdent);
-    }
-
-private:
-    std::size_t _size;
-    std::size_t _step;
-    std::size_t _next = _step;
-    ReadingProgress _progress;
-};
+    return name + (line > 0 ? ", line " + std::to_string(line) : std::string()) + ": " + words;
+}
 
 std::string located(const std::string& name, const ReaderMessage& message)
 {
-    const std::string line = message.line > 0 ? ", line " + std::to_string(message.line) : std::string();
-    return name + line + ": " + message.words;
+    return located(name, static_cast<std::size_t>(std::max(message.line, 0)), message.words);
 }
 
 /// The message that says why the reader gave up: of those that it posted last, at one line, the first one.
@@ -169,45 +147,69 @@ CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::st
 
 CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile file, std::string& error)
 {
+    // The library reads whatever it is given, other formats too, and stumbles over them somewhere.
+    if (!DefLexer::isVrml97(bytes)) {
+        error = located(file.name, 1, "it does not begin with \"#VRML V2.0 utf8\"");
+        return {};
+    }
     // The guard reads the file while we do what we need not be guarded from.
     if (_manner.guard)
         _manner.guard->check(file.path);
-    ReaderText text = DefLexer::rewrite(bytes, _result.names, _manner.limits);
-    const std::string verdict = askGuard();
-    // The library reads whatever it is given, other formats too, and stumbles over them somewhere.
-    if (!DefLexer::isVrml97(text.text))
-        error = file.name + ", line 1: it does not begin with \"#VRML V2.0 utf8\"";
-    else if (!text)
-        error = file.name + ", line " + std::to_string(text.line) + ": " + text.problem;
-    else if (!verdict.empty())
-        error = file.name + ": " + verdict;
-    if (!error.empty())
-        return {};
-    if (_manner.isSkeleton)
-        text.text = SceneSkeleton::of(text.text);
     const SearchFolder folder(file.folder);
     _files.push_back(std::move(file));
-    const bool isWholeScene = _files.size() == 1;
-    ReportingInput input(text.text, isWholeScene ? _manner.progress : ReadingProgress());
-    CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
-    const OpenFile done = std::move(_files.back());
+    const std::string text = prepare(bytes, error);
+    CoinRef<SoVRMLGroup> root = error.empty() ? readText(text, error) : CoinRef<SoVRMLGroup>();
     _files.pop_back();
-
-    if (!root) {
-        const ReaderMessage* reason = reasonOf(done.messages);
-        error =
-            reason ? located(done.name, *reason) : done.name + ": the reader refuses it and gives no reason";
-        return {};
-    }
-    for (const ReaderMessage& message : done.messages)
-        _result.warnings.add(located(done.name, message));
     return root;
 }
 
-std::string ReadingSession::askGuard()
+std::string ReadingSession::prepare(const std::string& bytes, std::string& error)
 {
-    SceneGuard* const guard = std::exchange(_manner.guard, nullptr);
-    return guard ? guard->verdict() : std::string();
+    const std::string name = _files.back().name;
+    const MendedText mended =
+        TextMender::mend(bytes, {NodeKinds::isKnown,
+                                 [this](const std::vector<std::string>& urls) { return whyMissing(urls); }});
+    ReaderText text = DefLexer::rewrite(mended.text, _result.names, _manner.limits);
+    if (!text)
+        error = located(name, text.line, text.problem);
+    else if (!askGuard().empty())
+        error = name + ": " + askGuard();
+    for (const MendedText::Remark& remark : mended.remarks)
+        _result.warnings.add(located(name, remark.line, remark.words));
+    return _manner.isSkeleton ? SceneSkeleton::of(text.text) : std::move(text.text);
+}
+
+CoinRef<SoVRMLGroup> ReadingSession::readText(const std::string& text, std::string& error)
+{
+    const bool isWholeScene = _files.size() == 1;
+    ReportingInput input(text, isWholeScene ? _manner.progress : ReadingProgress());
+    CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
+    const OpenFile& file = _files.back();
+    if (!root) {
+        const ReaderMessage* reason = reasonOf(file.messages);
+        error =
+            reason ? located(file.name, *reason) : file.name + ": the reader refuses it and gives no reason";
+        return {};
+    }
+    for (const ReaderMessage& message : file.messages)
+        _result.warnings.add(located(file.name, message));
+    return root;
+}
+
+const std::string& ReadingSession::askGuard()
+{
+    if (SceneGuard* const guard = std::exchange(_manner.guard, nullptr))
+        _verdict = guard->verdict();
+    return _verdict;
+}
+
+std::string ReadingSession::whyMissing(const std::vector<std::string>& urls)
+{
+    // The library gets these files at once, so the guard must have spoken.
+    if (!askGuard().empty())
+        return {};
+    std::string problem;
+    return findPrototype(urls, problem) ? std::string() : problem;
 }
 
 void ReadingSession::receive(ReaderMessage message)
@@ -247,16 +249,26 @@ void ReadingSession::fetchInline(const SbString& /*fullUrl*/, void* closure, SoV
 
 SoProto* ReadingSession::fetchPrototype(SoInput* input, const SbString* urls, int urlCount, void* closure)
 {
-    auto& session = *static_cast<ReadingSession*>(closure);
+    std::vector<std::string> all;
+    for (int i = 0; i < urlCount; ++i)
+        all.emplace_back(urls[i].getString());
     std::string problem;
-    for (int i = 0; i < urlCount; ++i) {
-        std::string error;
-        if (SoProto* prototype = session.findPrototype(urls[i].getString(), error))
+    SoProto* const prototype = static_cast<ReadingSession*>(closure)->findPrototype(all, problem);
+    if (!prototype)
+        SoReadError::post(input, "EXTERNPROTO: %s", problem.c_str());
+    return prototype;
+}
+
+SoProto* ReadingSession::findPrototype(const std::vector<std::string>& urls, std::string& error)
+{
+    std::string problem = "it has no URL";
+    for (const std::string& url : urls) {
+        if (SoProto* const prototype = findPrototype(url, error))
             return prototype;
-        if (problem.empty())
+        if (&url == &urls.front())
             problem = error;
     }
-    SoReadError::post(input, "EXTERNPROTO: %s", problem.empty() ? "it has no URL" : problem.c_str());
+    error = problem;
     return nullptr;
 }
 

@@ -54,13 +54,25 @@ private:
     CoinRef<SoVRMLGroup> parse(const std::string& bytes, OpenFile file, std::string& error);
     CoinRef<SoVRMLGroup> readLibrary(const std::string& path, std::string& error);
     SoProto* findPrototype(const std::string& url, std::string& error);
+
+    /// The first that there is; otherwise `error` is the first one's.
+    SoProto* findPrototype(const std::vector<std::string>& urls, std::string& error);
     void receive(ReaderMessage message);
     void warn(const std::string& text);
 
-    std::string askGuard();
+    /// The text as the library gets it; where it must not get it, `error` says why.
+    std::string prepare(const std::string& bytes, std::string& error);
+    CoinRef<SoVRMLGroup> readText(const std::string& text, std::string& error);
+
+    /// What the guard has against the first file; empty where it has nothing.
+    const std::string& askGuard();
+
+    /// Why none of an EXTERNPROTO's URLs gives it; empty where one does.
+    std::string whyMissing(const std::vector<std::string>& urls);
 
     SceneReading& _result;
     ReadingManner _manner; ///< Its guard is null once it was asked.
+    std::string _verdict;
     ReaderMessages _messages;
     std::vector<OpenFile> _files;                           ///< Being read, each named by the one before it.
     std::map<std::string, CoinRef<SoVRMLGroup>> _libraries; ///< EXTERNPROTO files by path, read once each.

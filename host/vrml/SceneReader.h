@@ -33,8 +33,7 @@ using ReadingProgress = std::function<void(double part)>;
 
 /// Reads VRML97 files, plain or packed with gzip, with all that they refer to in the local file system:
 /// Inline and EXTERNPROTO files and textures, each looked up from the folder of the file that names it.
-/// Nothing is fetched from elsewhere. What is missing costs a warning, only a missing EXTERNPROTO costs the
-/// file.
+/// Nothing is fetched from elsewhere. What is missing, and what a TextMender passes over, costs a warning.
 class SceneReader
 {
 public:

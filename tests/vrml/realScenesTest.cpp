@@ -87,15 +87,10 @@ TEST_P(RefusedScenesTest, GivesTheReadersWordsWithTheLine)
     EXPECT_EQ(reading.error, path + GetParam().reason);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, RefusedScenesTest,
-    testing::Values(
-        Refused{"08-externproto-urn/Untitled.wrl",
-                ", line 27: EXTERNPROTO: 'urn:web3d:vrml97:node:NurbsSurface' is not on this machine, and "
-                "nothing is fetched from elsewhere"},
-        Refused{"16-broken-house/house.wrl", ", line 1899: Unknown field \"DEF\" in \"VRMLTransform\""},
-        Refused{"17-x3d-statements/index.wrl", ", line 3: Expected '{'; got '\"'"},
-        Refused{"made/truncated.wrl", ", line 8: Premature end of file"}));
+INSTANTIATE_TEST_SUITE_P(Files, RefusedScenesTest,
+                         testing::Values(Refused{"16-broken-house/house.wrl",
+                                                 ", line 1899: Unknown field \"DEF\" in \"VRMLTransform\""},
+                                         Refused{"made/truncated.wrl", ", line 8: Premature end of file"}));
 
 } // namespace
 } // namespace kthost

@@ -138,16 +138,60 @@ TEST_F(SceneReaderTest, ReadsExternalPrototypes)
               (std::vector<std::string>{"T\xC3\xBCr", "T\xC3\xBCr"}));
 }
 
-TEST_F(SceneReaderTest, SaysWhichExternalPrototypeIsMissing)
+TEST_F(SceneReaderTest, AMissingExternalPrototypeCostsItsNodesOnly)
 {
     folder.writeScene("library.wrl", "PROTO First [] { Group {} }");
     folder.writeScene("broken.wrl", "PROTO First [] { Group {");
-    EXPECT_EQ(errorOf("EXTERNPROTO P [] \"none.wrl\" P {}"),
-              ", line 2: EXTERNPROTO: there is no file 'none.wrl'");
-    EXPECT_EQ(errorOf("EXTERNPROTO P [] \"library.wrl#P\" P {}"),
-              ", line 2: EXTERNPROTO: 'library.wrl#P' has no such PROTO");
-    EXPECT_EQ(errorOf("EXTERNPROTO P [] \"broken.wrl\" P {}"),
-              ", line 2: EXTERNPROTO: broken.wrl, line 2: Expected '}'; got EOF for Group");
+    const test::BuiltScene scene(folder.writeScene(
+        "scene.wrl", "EXTERNPROTO A [ field SFFloat size exposedField SFNode n eventIn SFTime t ]\n"
+                     " \"none.wrl\" A { size 2 n Box {} }\n"
+                     "EXTERNPROTO B [] [ \"library.wrl#B\" \"none.wrl\" ] Shape { geometry B {} }\n"
+                     "EXTERNPROTO C [] \"broken.wrl\" EXTERNPROTO D [] [] DEF T TimeSensor {}"));
+    ASSERT_TRUE(scene.reading) << scene.reading.error;
+    EXPECT_EQ(test::namesOf(scene.nodes.root, "TimeSensor"), std::vector<std::string>{"T"});
+    const auto& warnings = scene.reading.warnings.entries();
+    ASSERT_EQ(warnings.size(), 4U);
+    EXPECT_NE(
+        warnings[0].text.find("scene.wrl, line 2: EXTERNPROTO 'A' is left out: there is no file 'none.wrl'"),
+        std::string::npos)
+        << warnings[0].text;
+    EXPECT_NE(warnings[1].text.find("line 4: EXTERNPROTO 'B' is left out: 'library.wrl#B' has no such PROTO"),
+              std::string::npos)
+        << warnings[1].text;
+    EXPECT_NE(warnings[2].text.find("line 5: EXTERNPROTO 'C' is left out: broken.wrl, line 2: "),
+              std::string::npos)
+        << warnings[2].text;
+    EXPECT_NE(warnings[3].text.find("line 5: EXTERNPROTO 'D' is left out: it has no URL"), std::string::npos)
+        << warnings[3].text;
+}
+
+TEST_F(SceneReaderTest, AnExternalPrototypeOfItsOwnFileIsMissing)
+{
+    const test::BuiltScene scene(
+        folder.writeScene("scene.wrl", "EXTERNPROTO P [] \"scene.wrl\" P {} DEF T TimeSensor {}"));
+    ASSERT_TRUE(scene.reading) << scene.reading.error;
+    EXPECT_EQ(scene.reading.warnings.total(), 1U);
+}
+
+TEST_F(SceneReaderTest, PassesOverNodesOfUnknownKinds)
+{
+    const test::BuiltScene scene(folder.writeScene(
+        "scene.wrl",
+        "Group { children [ DEF U NurbsThing { a 1 inner DEF Lost Box {}\n} DEF T TimeSensor {} ] }\n"
+        "Shape { geometry USE Lost } Group { children USE U }\nGroup {\nfoo 1 }"));
+    EXPECT_FALSE(scene.reading);
+    EXPECT_NE(scene.reading.error.find("line 6: "), std::string::npos) << scene.reading.error;
+
+    const test::BuiltScene good(folder.writeScene(
+        "good.wrl",
+        "Group { children [ DEF U NurbsThing { a 1 inner DEF Lost Box {}\n} DEF T TimeSensor {} ] }\n"
+        "Shape { geometry USE Lost } Group { children USE U }"));
+    ASSERT_TRUE(good.reading) << good.reading.error;
+    EXPECT_EQ(test::namesOf(good.nodes.root, "TimeSensor"), std::vector<std::string>{"T"});
+    ASSERT_EQ(good.reading.warnings.total(), 1U);
+    EXPECT_NE(good.reading.warnings.entries()[0].text.find(
+                  "good.wrl, line 2: the node 'NurbsThing' is unknown and passed over"),
+              std::string::npos);
 }
 
 TEST_F(SceneReaderTest, LeavesAnotherSceneAsItWas)
