@@ -1,6 +1,6 @@
 # Finds Python 2.7 for embedding: headers, shared library, standard library.
 #   KT_PYTHON2_ROOT   where it is installed, such as /usr/local; empty: what tools/python2.sh has made, else the system's
-# Gives the target KtPython2::Python and KtPython2_STDLIB, the folder that holds os.py.
+# Gives the target KtPython2::Python; KtPython2_STDLIB, the folder that holds os.py; KtPython2_ROOT, where all is.
 set(KT_PYTHON2_ROOT "" CACHE PATH "Installed Python 2.7 to build the scripting with")
 
 if(KT_PYTHON2_ROOT)
@@ -20,6 +20,7 @@ foreach(root IN LISTS roots)
         PATHS "${root}/lib/${CMAKE_LIBRARY_ARCHITECTURE}" "${root}/lib" "${root}/lib64" NO_DEFAULT_PATH NO_CACHE)
     find_path(KtPython2_STDLIB os.py PATHS "${root}/lib/python2.7" "${root}/lib64/python2.7" NO_DEFAULT_PATH NO_CACHE)
     if(KtPython2_INCLUDE_DIR AND KtPython2_LIBRARY AND KtPython2_STDLIB)
+        set(KtPython2_ROOT "${root}")
         break()
     endif()
 endforeach()

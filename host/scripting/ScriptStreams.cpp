@@ -33,8 +33,7 @@ public:
 
     void writeLines(const py::object& lines)
     {
-        for (py::stl_input_iterator<py::object> line(lines), end; line != end; ++line)
-            write(*line);
+        forEachItem(lines, [this](const py::object& line) { write(line); });
     }
 
     void flush()

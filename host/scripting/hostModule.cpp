@@ -160,8 +160,7 @@ int select(const py::object& names)
     if (PyString_Check(names.ptr()) || PyUnicode_Check(names.ptr())) {
         wanted.push_back(toBytes(names, "select()"));
     } else {
-        for (py::stl_input_iterator<py::object> name(names), end; name != end; ++name)
-            wanted.push_back(toBytes(*name, "select()"));
+        forEachItem(names, [&](const py::object& name) { wanted.push_back(toBytes(name, "select()")); });
     }
     const std::vector<ktNodePtr> nodes = ktScenegraph::findNodes(wanted);
     ktSelectionManager::selectNodes(nodes);

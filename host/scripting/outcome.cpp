@@ -98,6 +98,8 @@ ScriptOutcome run(const std::function<void()>& call)
             failure = error.what();
         }
         outcome = takePythonError();
+        if (Py_FlushLine() != 0) // after a print that ended with a comma
+            PyErr_Clear();
     }
     if (outcome.kind == ScriptOutcome::Done && !failure.empty()) {
         outcome.kind = ScriptOutcome::Failed;

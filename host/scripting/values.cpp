@@ -33,8 +33,8 @@ bool isText(const py::object& value)
 Strings toStrings(const py::object& value)
 {
     Strings strings;
-    for (py::ssize_t i = 0; i < py::len(value); ++i)
-        strings.push_back(toBytes(value[i], "a list in an attribute"));
+    forEachItem(value,
+                [&](const py::object& item) { strings.push_back(toBytes(item, "a list in an attribute")); });
     return strings;
 }
 
@@ -45,6 +45,15 @@ void raise(PyObject* type, const std::string& text)
     PyErr_SetString(type, text.c_str());
     py::throw_error_already_set();
     throw; // not reached
+}
+
+void forEachItem(const py::object& items, const std::function<void(const py::object&)>& take)
+{
+    const py::handle<> iterator(PyObject_GetIter(items.ptr()));
+    while (PyObject* item = PyIter_Next(iterator.get()))
+        take(py::object(py::handle<>(item)));
+    if (PyErr_Occurred())
+        py::throw_error_already_set();
 }
 
 void registerStringListConverter()

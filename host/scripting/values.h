@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,10 @@ std::string toBytes(const boost::python::object& value, const char* what);
 
 /// A file's name, given as str or unicode.
 QString toPath(const boost::python::object& value);
+
+/// Calls `take` with each item of what Python can iterate over; TypeError for what it cannot.
+void forEachItem(const boost::python::object& items,
+                 const std::function<void(const boost::python::object&)>& take);
 
 /// Throws a Python exception.
 [[noreturn]] void raise(PyObject* type, const std::string& text);
