@@ -28,7 +28,7 @@ QWidget* madeReady(QWidget* widget)
 RenderView::RenderView(SceneView& view, QWidget* parent)
     : QWidget(parent),
       _view(view),
-      _viewer(std::make_unique<Viewer>(view, madeReady(this), [this] { emit frameRendered(); })),
+      _viewer(std::make_unique<Viewer>(view, madeReady(this), [this] { finishFrame(); })),
       _keys(new KeyReporter(this))
 {
     auto* layout = new QVBoxLayout(this);
@@ -59,6 +59,7 @@ bool RenderView::eventFilter(QObject* watched, QEvent* event)
             window->resize(right);
             return true;
         }
+        _isOfNewSize = true;
     }
     if (event->type() == QEvent::KeyPress) {
         // The library would keep them to itself, and the focus could not leave by the keyboard.
@@ -67,6 +68,18 @@ bool RenderView::eventFilter(QObject* watched, QEvent* event)
             return focusNextPrevChild(key == Qt::Key_Tab);
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void RenderView::finishFrame()
+{
+    // The first frame of another size may still go to a buffer of the former one, which leaves the rest of
+    // the window black; a scene that stands still would never be drawn again.
+    if (_isOfNewSize) {
+        _isOfNewSize = false;
+        QMetaObject::invokeMethod(
+            this, [this] { _viewer->scheduleRedraw(); }, Qt::QueuedConnection);
+    }
+    emit frameRendered();
 }
 
 void RenderView::viewAll()

@@ -45,10 +45,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void finishFrame();
+
     SceneView& _view;
     PictureRenderer _pictures;
     std::unique_ptr<Viewer> _viewer;
     KeyReporter* _keys;
+    bool _isOfNewSize = false;
 };
 
 } // namespace kthost

@@ -45,10 +45,12 @@ constexpr QSize firstSize(1440, 900);
 constexpr int longestAppearance = 1000;
 constexpr int pause = 20;
 
-/// Of the window's size. The picture is what the window is for; below it a panel of the first size fits
-/// whole.
+constexpr int leastTree = 210;
 constexpr double treeShare = 0.18;
-constexpr double bottomShare = 0.42;
+
+/// Below the picture a panel of the first size fits whole, unless that took too much of the window.
+constexpr int bottomHeight = 380;
+constexpr double mostBottomShare = 0.46;
 
 /// The one local file that is dragged; empty where it is none or several.
 QString draggedFile(const QMimeData* data)
@@ -137,8 +139,10 @@ void MainWindow::arrange()
 void MainWindow::setDefaultSizes()
 {
     layout()->activate(); // a window that is not shown yet has no sizes to change
-    resizeDocks({dockOf(_sceneTree)}, {static_cast<int>(width() * treeShare)}, Qt::Horizontal);
-    resizeDocks({dockOf(_log)}, {static_cast<int>(height() * bottomShare)}, Qt::Vertical);
+    resizeDocks({dockOf(_sceneTree)}, {qMax(leastTree, static_cast<int>(width() * treeShare))},
+                Qt::Horizontal);
+    resizeDocks({dockOf(_log)}, {qMin(bottomHeight, static_cast<int>(height() * mostBottomShare))},
+                Qt::Vertical);
 }
 
 void MainWindow::appear()

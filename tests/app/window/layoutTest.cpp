@@ -27,7 +27,7 @@ TEST_F(LayoutTest, TheViewHasMostOfTheWindowAtTheFirstStart)
 {
     openForTheFirstTime();
 
-    EXPECT_GE(window->view().height(), window->height() * 48 / 100);
+    EXPECT_GE(window->view().height(), window->height() * 45 / 100);
     EXPECT_NEAR(window->sceneTree().width(), window->width() * 18 / 100, 10);
 }
 
@@ -79,5 +79,5 @@ TEST_F(LayoutTest, AResetBringsTheSizesOfTheFirstStartBack)
     window->docks().resetLayout();
 
     EXPECT_TRUE(QTest::qWaitFor([&] { return window->sceneTree().width() < 280; }));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window->view().height() >= window->height() * 48 / 100; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->view().height() >= window->height() * 45 / 100; }));
 }

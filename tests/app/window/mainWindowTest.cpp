@@ -159,6 +159,20 @@ TEST_F(MainWindowTest, ASceneThatIsEditedKeepsTheTreesBranchesAndSelection)
     EXPECT_EQ(tree.selectionModel()->selectedIndexes().first().data().toString(), "Gate");
 }
 
+TEST_F(MainWindowTest, AViewThatStandsStillIsDrawnToItsLastCorner)
+{
+    const auto cornerOnTheDisplay = [&] {
+        const QPoint corner = window->view().mapToGlobal(window->view().rect().bottomRight() - QPoint(3, 3));
+        return window->screen()->grabWindow(0, corner.x(), corner.y(), 1, 1).toImage().pixelColor(0, 0);
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cornerOnTheDisplay() != QColor(Qt::black); }));
+
+    window->resize(window->size() - QSize(100, 80));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cornerOnTheDisplay() != QColor(Qt::black); }));
+    window->resize(window->size() + QSize(60, 90));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cornerOnTheDisplay() != QColor(Qt::black); }));
+}
+
 TEST_F(MainWindowTest, ASceneDroppedOnTheViewIsOpened)
 {
     ASSERT_TRUE(drop({QUrl::fromLocalFile(example("door.wrl"))}, middleOfTheView()));
