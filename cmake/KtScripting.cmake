@@ -45,7 +45,7 @@ target_compile_features(ktBoostPython PUBLIC cxx_std_17)
 target_compile_definitions(ktBoostPython
     PRIVATE BOOST_PYTHON_SOURCE
     # Its headers of this age tell of others that have moved since.
-    INTERFACE BOOST_BIND_GLOBAL_PLACEHOLDERS BOOST_ALLOW_DEPRECATED_HEADERS)
+    PUBLIC BOOST_BIND_GLOBAL_PLACEHOLDERS BOOST_ALLOW_DEPRECATED_HEADERS)
 # Not ours, so not by our rules; Python 2's own headers ask for the second.
 target_compile_options(ktBoostPython PRIVATE -w -fno-strict-aliasing)
 target_link_libraries(ktBoostPython PUBLIC Boost::headers PRIVATE KtPython2::Python)
