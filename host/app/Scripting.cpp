@@ -10,9 +10,10 @@
 #include <kt/ktLog.h>
 #include <kt/ktScript.h>
 
-#include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 
 #include <cerrno>
 #include <cstring>
@@ -120,6 +121,7 @@ Scripting::Scripting(Session& session, ActionRunner& runner, LiveClock* clock)
 
 Scripting::~Scripting()
 {
+    QObject::disconnect(_closed);
     _interpreter.reset();
     ktScript::setRunner(nullptr);
     current = nullptr;
@@ -156,8 +158,10 @@ Interpreter& Scripting::interpreter()
     } catch (const std::exception& error) {
         throw HostError(ExitStatus::ScriptFailed, error.what());
     }
-    if (_services->hasWindow())
+    if (_services->hasWindow()) {
         _interpreter->setIdleCall([] { QCoreApplication::processEvents(); });
+        _closed = QObject::connect(qApp, &QGuiApplication::lastWindowClosed, [this] { interrupt(); });
+    }
     _interpreter->announce();
     return *_interpreter;
 }

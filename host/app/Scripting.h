@@ -2,7 +2,8 @@
 
 #include "host/app/CommandLine.h"
 
-#include <functional>
+#include <QObject>
+
 #include <memory>
 
 namespace kthost
@@ -53,6 +54,7 @@ private:
     class Services;
 
     std::unique_ptr<Services> _services;
+    QMetaObject::Connection _closed; ///< Closing the window ends a script that runs in it.
     std::unique_ptr<Interpreter> _interpreter; ///< Made when it is first asked for.
 };
 

@@ -124,10 +124,12 @@ int runInWindow(const CommandLine& line, const HostLog& log)
         return exit.status;
     } catch (const HostError& error) {
         status = fail(error);
-        if (error.status() == ExitStatus::NoPlugin)
+        if (error.status() == ExitStatus::NoPlugin || !window.isVisible())
             return status;
         window.showError(QString::fromStdString(error.what()));
     }
+    if (!window.isVisible()) // it was closed meanwhile
+        return status;
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &clock,
                      [&session] { session.frames().announceSceneChange(); });
     clock.start();
