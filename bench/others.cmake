@@ -23,3 +23,8 @@ add_dependencies(listBench ktAnimation)
 
 # The window's scene tree.
 kt_add_bench(NAME treeBench SOURCES treeBench.cpp LIBRARIES kthostApp)
+
+# Settings in project files, through the built plug-in.
+kt_add_bench(NAME settingsBench SOURCES settingsBench.cpp LIBRARIES kthostApp)
+target_compile_definitions(settingsBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
+add_dependencies(settingsBench ktAnimation)

@@ -43,7 +43,7 @@ SceneNodes drawable(const QString& file, SceneNodes nodes)
 
 MissingSceneError::MissingSceneError(const QString& project, const QString& scene)
     : HostError(ExitStatus::BadFile, project.toStdString(),
-                "its scene " + scene.toStdString() + " is not there"),
+                "its scene " + scene.simplified().toStdString() + " is not there"),
       _scene(scene)
 {
 }

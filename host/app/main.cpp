@@ -19,6 +19,7 @@
 #include <QDir>
 #include <QThread>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -141,6 +142,8 @@ int runInWindow(const CommandLine& line, const HostLog& log)
 
 int main(int argc, char** argv)
 {
+    // A file that may not grow further is an error to be told of, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     CommandLine line;
     try {
         line = CommandLine::parse(argc, argv);

@@ -73,6 +73,8 @@ Project ProjectFile::read(const QString& file)
 
 void ProjectFile::write(const Project& project, const QString& file)
 {
+    if (!isProject(file))
+        fail(file, QStringLiteral("the name of a project ends in .ktproj"));
     const QByteArray json = ProjectFormat::toJson(project);
     checkSize(file, json.size());
     const QFileInfo present(file);

@@ -20,7 +20,8 @@ public:
     static Project read(const QString& file);
 
     /// Returns when the file is on the disk. Throws ProjectError where it cannot be written; the old one is
-    /// then as it was. A link is followed; what is no regular file is refused.
+    /// then as it was. A link is followed. What is no regular file is refused, and so is a name by which the
+    /// file would not be known as a project.
     static void write(const Project& project, const QString& file);
 };
 

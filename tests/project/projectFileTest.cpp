@@ -180,6 +180,9 @@ TEST_F(ProjectFileTest, WhatCannotBeWrittenIsToldInOneLine)
     EXPECT_EQ(failureOfWrite(path("none/p.ktproj")),
               path("none/p.ktproj").toStdString() + ": No such file or directory");
     EXPECT_NE(failureOfWrite("/proc/p.ktproj"), "");
+    EXPECT_EQ(failureOfWrite(path("scene.wrl")),
+              path("scene.wrl").toStdString() + ": the name of a project ends in .ktproj");
+    EXPECT_FALSE(QFile::exists(path("scene.wrl")));
 }
 
 TEST_F(ProjectFileTest, AFolderThatCannotBeWrittenToKeepsTheOldFile)
