@@ -14,5 +14,14 @@ run "$prefix/bin/kthost" --headless --plugin "$build/lib/kthost/plugins/libktAni
 expect_status 0
 expect_out $'Door\nLamp'
 
+# Scripts find it too, and the installed interpreter its library.
+if [ -e "$prefix/lib/kthost/python" ]; then
+    file names.py <<<'import json; print json.dumps(getAnimations())'
+    run "$prefix/bin/kthost" --headless --plugin "$build/lib/kthost/plugins/libktAnimation.so" "$tree/scene.wrl" \
+        --script "$tree/names.py"
+    expect_status 0
+    expect_line '["Door", "Lamp"]'
+fi
+
 [ ! -e "$build/bin/kthost" ] || complain "expected that the host was not built along with it"
 finish
