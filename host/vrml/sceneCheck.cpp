@@ -10,7 +10,6 @@
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <sys/wait.h>
-#include <ucontext.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -39,14 +38,13 @@ enum Ending { Survived = 80, StackIsFull, MemoryIsFull };
 /// again.
 constexpr rlim_t stackBytes = 4U << 20U;
 
-/// The reader's stack is full where the address that failed is next to its end.
-void onSegmentationFault(int signal, siginfo_t* info, void* context)
+std::uintptr_t stackTop = 0;
+
+/// The reader's stack is full where the address that failed is about at its end.
+void onSegmentationFault(int signal, siginfo_t* info, void* /*context*/)
 {
-    constexpr std::uintptr_t page = 65536;
-    const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
-    const auto stack =
-        static_cast<std::uintptr_t>(static_cast<ucontext_t*>(context)->uc_mcontext.gregs[REG_RSP]);
-    if (address + page > stack && address < stack + page)
+    const auto used = stackTop - reinterpret_cast<std::uintptr_t>(info->si_addr);
+    if (used > stackBytes / 2 && used < stackBytes * 2)
         _exit(StackIsFull);
     std::signal(signal, SIG_DFL);
     raise(signal);
@@ -56,6 +54,7 @@ void watchStack()
 {
     static std::array<char, 65536> signalStack;
     stack_t stack{};
+    stackTop = reinterpret_cast<std::uintptr_t>(&stack);
     stack.ss_sp = signalStack.data();
     stack.ss_size = signalStack.size();
     sigaltstack(&stack, nullptr);
