@@ -21,6 +21,14 @@ kt_add_bench(NAME listBench SOURCES listBench.cpp LIBRARIES kt::Host Qt5::Widget
 target_compile_definitions(listBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
 add_dependencies(listBench ktAnimation)
 
+# Calls from Python: the plug-in's own objects, so that both sides of the ratio are in one program.
+if(KT_HAS_SCRIPTING)
+    kt_add_bench(NAME scriptBench SOURCES scriptBench.cpp
+        LIBRARIES ktAnimationObjects kthostScripting kt::BoostPython KtPython2::Python)
+    target_compile_definitions(scriptBench PRIVATE
+        KT_PYTHON_HOME="${CMAKE_BINARY_DIR}/lib/${KT_PYTHON_HOME_SUBDIR}")
+endif()
+
 # The window's scene tree.
 kt_add_bench(NAME treeBench SOURCES treeBench.cpp LIBRARIES kthostApp)
 
