@@ -60,6 +60,8 @@ void FrameLoop::advanceTo(double now)
     ktController::setSimulationTime(std::max(now, ktController::getSimulationTime()));
     callModules(&ktModuleBase::loop, "loop");
     const double time = ktController::getSimulationTime();
+    if (_eventSource)
+        _eventSource(time);
     const std::vector<SceneSensor> present = sensors(); // what an edit leads to may change the scene
     for (const SceneSensor& entry : present)
         entry.sensor->advance(time);

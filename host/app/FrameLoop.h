@@ -39,11 +39,16 @@ public:
     /// Who brings edits into the picture; empty for nobody.
     void setFollower(Follower follower) { _follower = std::move(follower); }
 
+    /// Asked in each frame, before the sensors are evaluated, for what the scene's own events do to them;
+    /// empty for nobody.
+    void setEventSource(std::function<void(double now)> source) { _eventSource = std::move(source); }
+
     /// Told after the modules when nodes of the scene were added, removed or renamed; empty for nobody.
     void setSceneListener(std::function<void()> listener) { _sceneListener = std::move(listener); }
 
-    /// One frame: sets the simulation time, calls the modules' loop(), evaluates the running sensors, then
-    /// settle(). A time before the present one is held at the present one: the clock never runs back.
+    /// One frame: sets the simulation time, calls the modules' loop(), asks the event source, evaluates the
+    /// running sensors, then settle(). A time before the present one is held at the present one: the clock
+    /// never runs back.
     void advanceTo(double now);
 
     /// Lets `seconds` pass in steps of 1 / `framesPerSecond`, the last one shorter where they do not come out
@@ -66,6 +71,7 @@ private:
     osg::ChangeList _changes;
     osg::ChangeList _drained;
     Follower _follower;
+    std::function<void(double)> _eventSource;
     std::function<void()> _sceneListener;
     osg::NodePtr _sensorRoot;
     std::uint64_t _sensorRevision = 0;

@@ -101,6 +101,10 @@ Session::Session()
         if (_scene)
             _scene->binding.apply(changes);
     });
+    _frames.setEventSource([this](double now) {
+        if (_scene)
+            _scene->binding.takeEvents(now);
+    });
     _frames.setSceneListener([this] { emit sceneEdited(); });
 }
 

@@ -45,7 +45,7 @@ void stopClockOf(SoVRMLTimeSensor& source)
 } // namespace
 
 SceneBinding::SceneBinding(CoinRef<SoNode> root, const std::vector<TimeSensorLink>& links)
-    : _root(std::move(root))
+    : _root(std::move(root)), _events(std::make_unique<StartStopEvents>())
 {
     _sensors.reserve(links.size());
     _routes.reserve(links.size());
@@ -56,6 +56,7 @@ SceneBinding::SceneBinding(CoinRef<SoNode> root, const std::vector<TimeSensorLin
         _routes.push_back({link.source, RouteTargets(link.source->fraction_changed),
                            RouteTargets(link.source->time), RouteTargets(link.source->isActive),
                            RouteTargets(link.source->cycleTime)});
+        _events->listen(*link.source, link.sensor);
     }
 }
 

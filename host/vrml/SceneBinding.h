@@ -3,10 +3,12 @@
 #include "host/vrml/CoinRef.h"
 #include "host/vrml/RouteTargets.h"
 #include "host/vrml/SceneBuilder.h"
+#include "host/vrml/StartStopEvents.h"
 
 #include <Inventor/nodes/SoNode.h>
 
 #include <cstddef>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -35,6 +37,10 @@ public:
     /// value too, the time and the cycles that begin with it, and is-active where it is another than was sent
     /// last. Entries of containers that are not bound are skipped.
     void apply(const osg::ChangeList& changes);
+
+    /// Starts and stops the sensors that the scene's own sensors have sent a startTime or stopTime since the
+    /// last call; see StartStopEvents. To be called before the sensors are evaluated for `now`.
+    void takeEvents(double now) { _events->take(now); }
 
     /// What stands for the node in the drawing: the reader's node, or for a bound time sensor the nodes that
     /// it animates. None for a node that is not of a scene file.
@@ -69,6 +75,7 @@ private:
     std::vector<osg::TimeSensorPtr> _sensors;
     std::vector<Routes> _routes; ///< Of the sensor at the same place.
     std::unordered_map<const osg::FieldContainer*, std::size_t> _places;
+    std::unique_ptr<StartStopEvents> _events; ///< Goes before the scene does.
 };
 
 } // namespace kthost
