@@ -176,7 +176,8 @@ ScriptOutcome Interpreter::runStatement(const char* statement)
 {
     return run([&] {
         PyObject* names = namesOfScripts();
-        Py_XDECREF(PyRun_String(statement, Py_file_input, names, names));
+        PyObject* result = PyRun_String(statement, Py_file_input, names, names);
+        Py_XDECREF(result);
     });
 }
 
@@ -190,7 +191,8 @@ bool Interpreter::runTyped(const std::string& text, ScriptOutcome& outcome)
         if (!isWhole)
             return;
         PyObject* names = namesOfScripts();
-        Py_XDECREF(PyEval_EvalCode(reinterpret_cast<PyCodeObject*>(code.ptr()), names, names));
+        PyObject* result = PyEval_EvalCode(reinterpret_cast<PyCodeObject*>(code.ptr()), names, names);
+        Py_XDECREF(result);
     });
     return isWhole;
 }

@@ -1,0 +1,170 @@
+// Scripts beside a running event loop, as in the window.
+#include "host/app/ActionRunner.h"
+#include "host/app/HostError.h"
+#include "host/app/LiveClock.h"
+#include "host/app/Pictures.h"
+#include "host/app/Scripting.h"
+#include "host/app/Session.h"
+#include "host/scripting/Interpreter.h"
+#include "tests/support/LogRecorder.h"
+
+#include <kt/ktController.h>
+#include <kt/ktScript.h>
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+
+namespace
+{
+
+using namespace kthost;
+
+class WindowScript : public testing::Test
+{
+protected:
+    /// What the script ended with; Done where it came to its end.
+    ExitStatus run(const char* text)
+    {
+        QFile file(folder.filePath("script.py"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        file.close();
+        try {
+            scripting.run({file.fileName(), {}});
+        } catch (const HostError& error) {
+            return error.status();
+        }
+        return ExitStatus::Done;
+    }
+
+    QTemporaryDir folder;
+    kt::test::LogRecorder log;
+    Session session;
+    LiveClock clock{session.frames()};
+    Pictures pictures{session};
+    ActionRunner runner{session, pictures};
+    Scripting scripting{session, runner, &clock};
+};
+
+const char* const endless = "while True: pass\n";
+
+} // namespace
+
+TEST_F(WindowScript, EventsAreProcessedWhileItRuns)
+{
+    QTimer::singleShot(0, [this] {
+        EXPECT_TRUE(scripting.isRunning());
+        scripting.interrupt();
+    });
+
+    EXPECT_EQ(run(endless), ExitStatus::Interrupted);
+    EXPECT_FALSE(scripting.isRunning());
+}
+
+TEST_F(WindowScript, ClosingTheLastWindowEndsIt)
+{
+    QTimer::singleShot(0, [] { emit qApp->lastWindowClosed(); });
+
+    EXPECT_EQ(run(endless), ExitStatus::Interrupted);
+}
+
+TEST_F(WindowScript, AnAdvanceIsInterruptedToo)
+{
+    // Its own steps process events in the window, which the runner's call after each step stands for.
+    ActionRunner busy(session, pictures, [] { QCoreApplication::processEvents(); });
+    Scripting other(session, busy, &clock);
+    QTimer::singleShot(0, [&] { other.interrupt(); });
+    QFile file(folder.filePath("script.py"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("import ktHost\nktHost.advance(1e12)\n");
+    file.close();
+
+    EXPECT_THROW(other.run({file.fileName(), {}}), HostError);
+}
+
+TEST_F(WindowScript, AnInterruptWithoutAScriptIsForgotten)
+{
+    EXPECT_EQ(run("pass"), ExitStatus::Done);
+    scripting.interrupt();
+
+    EXPECT_EQ(run("pass"), ExitStatus::Done);
+}
+
+TEST_F(WindowScript, TheClockGoesOnFromWhereAnAdvanceLedTo)
+{
+    clock.start();
+
+    EXPECT_EQ(
+        run("import ktHost\nbegin = ktHost.time()\nktHost.advance(1000.0)\nassert ktHost.time() >= begin + "
+            "1000\n"
+            "end = ktHost.time()\nwhile ktHost.time() == end: pass\nassert ktHost.time() < end + 500\n"),
+        ExitStatus::Done);
+
+    EXPECT_TRUE(clock.isRunning());
+}
+
+TEST_F(WindowScript, StatementsOfModulesShareTheNamespaceAndTellOfFailures)
+{
+    EXPECT_TRUE(ktScript::run("kept = 41"));
+    EXPECT_TRUE(ktScript::run("kept += 1"));
+    EXPECT_EQ(run("assert kept == 42"), ExitStatus::Done);
+    log.lines().clear();
+
+    EXPECT_FALSE(ktScript::run("kept / 0"));
+    EXPECT_FALSE(ktScript::run("import sys; sys.exit(3)"));
+    EXPECT_FALSE(ktScript::run("this is no statement"));
+
+    EXPECT_NE(std::find(log.lines().begin(), log.lines().end(),
+                        "error: ZeroDivisionError: integer division or modulo by zero"),
+              log.lines().end());
+}
+
+TEST_F(WindowScript, WhatIsPrintedIsInTheLogLineByLine)
+{
+    EXPECT_EQ(run("pass"), ExitStatus::Done);
+    log.lines().clear();
+    testing::internal::CaptureStdout();
+
+    EXPECT_EQ(run("import sys\nprint 'one\\ntwo'\nsys.stdout.write('thr'); sys.stdout.write('ee')\n"
+                  "print >>sys.stderr, 'four'\n"),
+              ExitStatus::Done);
+
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "one\ntwo\nthree");
+    EXPECT_EQ(log.lines(),
+              (std::vector<std::string>{"info: one", "info: two", "error: four", "info: three"}));
+}
+
+TEST_F(WindowScript, TypedStatementsAreRunWhenTheyAreWhole)
+{
+    Interpreter& interpreter = scripting.interpreter();
+    std::string printed;
+    interpreter.setListener([&](const std::string& text, bool) { printed += text; });
+    ScriptOutcome outcome;
+
+    EXPECT_TRUE(interpreter.runTyped("6 * 7", outcome));
+    EXPECT_EQ(printed, "42\n");
+    EXPECT_FALSE(interpreter.runTyped("for i in range(2):", outcome));
+    EXPECT_FALSE(interpreter.runTyped("for i in range(2):\n    i", outcome));
+    EXPECT_TRUE(interpreter.runTyped("for i in range(2):\n    i\n", outcome));
+    EXPECT_EQ(printed, "42\n0\n1\n");
+    EXPECT_TRUE(interpreter.runTyped("1 +* 2", outcome));
+    EXPECT_EQ(outcome.kind, ScriptOutcome::Failed);
+    EXPECT_TRUE(interpreter.runTyped("raise SystemExit(3)", outcome));
+    EXPECT_EQ(outcome.kind, ScriptOutcome::Exit);
+    EXPECT_EQ(outcome.status, 3);
+}
+
+TEST_F(WindowScript, NamesAreCompleted)
+{
+    Interpreter& interpreter = scripting.interpreter();
+    EXPECT_TRUE(ktScript::run("import ktHost\nkeepThis = keepThat = 1"));
+
+    EXPECT_EQ(interpreter.completions("keepTh"), (QStringList{"keepThat", "keepThis"}));
+    EXPECT_EQ(interpreter.completions("ktHost.sel"), (QStringList{"ktHost.select(", "ktHost.selection("}));
+    EXPECT_EQ(interpreter.completions("ktHost.nothing"), QStringList());
+    EXPECT_EQ(interpreter.completions("nobody.x"), QStringList());
+}
