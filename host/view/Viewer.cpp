@@ -57,6 +57,8 @@ SbBool Viewer::processSoEvent(const SoEvent* event)
     // Escape would switch to a mode where the mouse does nothing, and nothing would show it.
     if (SO_KEY_PRESS_EVENT(event, ESCAPE) || SO_KEY_RELEASE_EVENT(event, ESCAPE))
         return FALSE;
+    if (_touch.handle(*event, *getSceneManager()))
+        return TRUE;
     return SoQtExaminerViewer::processSoEvent(event);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/view/TouchPointer.h"
+
 #include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
 
 #include <functional>
@@ -10,7 +12,7 @@ namespace kthost
 class SceneView;
 
 /// The examiner viewer on a view: it turns, pans and zooms by mouse and wheel, and has no decoration and no
-/// modes.
+/// modes. A click on what the scene makes touchable is the scene's.
 class Viewer : public SoQtExaminerViewer
 {
 public:
@@ -29,6 +31,7 @@ protected:
 
 private:
     SceneView& _view;
+    TouchPointer _touch;
     std::function<void()> _rendered;
 };
 

@@ -2,6 +2,7 @@
 #include "host/view/SceneView.h"
 #include "tests/view/SceneText.h"
 
+#include <Inventor/VRMLnodes/SoVRMLTouchSensor.h>
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
@@ -154,4 +155,39 @@ TEST_F(RenderViewTest, ItsWindowIsAsLargeAsTheWidget)
     widget.resize(420, 260);
 
     EXPECT_TRUE(QTest::qWaitFor([&] { return window()->size() == QSize(420, 260); }));
+}
+
+TEST_F(RenderViewTest, AClickOnWhatIsTouchableIsTheScenes)
+{
+    const auto scene = sceneOf("Viewpoint { position 0 0 10 } Group { children [ DEF Touch TouchSensor {}\n"
+                               "Shape { geometry Box { size 2 2 2 } } ] }");
+    auto* const touch = named<SoVRMLTouchSensor>(scene, "Touch");
+    view.setScene(scene.get());
+    ASSERT_TRUE(nextFrame());
+    const SbTime before = touch->touchTime.getValue();
+
+    QTest::mouseClick(window(), Qt::LeftButton, {}, QPoint(3, 3));
+    EXPECT_EQ(touch->touchTime.getValue(), before);
+
+    QTest::mouseClick(window(), Qt::LeftButton, {}, window()->rect().center());
+    EXPECT_GT(touch->touchTime.getValue(), before);
+}
+
+TEST_F(RenderViewTest, ATouchDoesNotTurnTheScene)
+{
+    const auto scene = sceneOf("Viewpoint { position 0 0 10 } Group { children [ DEF Touch TouchSensor {}\n"
+                               "Shape { geometry Box { size 2 2 2 } } ] }");
+    view.setScene(scene.get());
+    ASSERT_TRUE(nextFrame());
+    const auto dragFrom = [&](const QPoint& start) {
+        const SbRotation before = view.camera()->orientation.getValue();
+        QTest::mousePress(window(), Qt::LeftButton, {}, start);
+        for (int x = 0; x <= 50; x += 10)
+            QTest::mouseMove(window(), start + QPoint(x, 0));
+        QTest::mouseRelease(window(), Qt::LeftButton, {}, start + QPoint(50, 0));
+        return !before.equals(view.camera()->orientation.getValue(), 1e-3F);
+    };
+
+    EXPECT_FALSE(dragFrom(window()->rect().center()));
+    EXPECT_TRUE(dragFrom(QPoint(5, 5)));
 }
