@@ -44,6 +44,8 @@ bool Scripting::isRunning() const
     return false;
 }
 
+void Scripting::setListener(std::function<void(const std::string&, bool)>) {}
+
 void Scripting::interrupt() {}
 
 } // namespace kthost

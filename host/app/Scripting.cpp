@@ -162,6 +162,7 @@ Interpreter& Scripting::interpreter()
         _interpreter->setIdleCall([] { QCoreApplication::processEvents(); });
         _closed = QObject::connect(qApp, &QGuiApplication::lastWindowClosed, [this] { interrupt(); });
     }
+    _interpreter->setListener(_listener);
     _interpreter->announce();
     return *_interpreter;
 }
@@ -169,6 +170,13 @@ Interpreter& Scripting::interpreter()
 bool Scripting::isRunning() const
 {
     return _interpreter && _interpreter->isRunning();
+}
+
+void Scripting::setListener(std::function<void(const std::string&, bool)> listener)
+{
+    _listener = std::move(listener);
+    if (_interpreter)
+        _interpreter->setListener(_listener);
 }
 
 void Scripting::interrupt()

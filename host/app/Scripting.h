@@ -4,7 +4,9 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace kthost
 {
@@ -47,6 +49,9 @@ public:
 
     bool isRunning() const;
 
+    /// Gets what scripts print, piece by piece; empty for nobody.
+    void setListener(std::function<void(const std::string& text, bool isError)> listener);
+
     /// Ends the running script with KeyboardInterrupt; does nothing without one.
     void interrupt();
 
@@ -56,6 +61,7 @@ private:
     std::unique_ptr<Services> _services;
     QMetaObject::Connection _closed; ///< Closing the window ends a script that runs in it.
     std::unique_ptr<Interpreter> _interpreter; ///< Made when it is first asked for.
+    std::function<void(const std::string&, bool)> _listener;
 };
 
 } // namespace kthost

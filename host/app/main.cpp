@@ -8,6 +8,9 @@
 #include "host/app/Scripting.h"
 #include "host/app/Session.h"
 #include "host/app/window/MainWindow.h"
+#if KT_HAS_SCRIPTING
+#include "host/app/window/ScriptConsole.h"
+#endif
 #include "host/vrml/SceneGuard.h"
 
 #include <kt/ktController.h>
@@ -100,6 +103,19 @@ int runHeadless(const CommandLine& line)
     return 0;
 }
 
+#if KT_HAS_SCRIPTING
+void addScriptConsole(MainWindow& window, Scripting& scripting)
+{
+    auto* console = new ScriptConsole(scripting); // the window's from now on
+    QObject::connect(console, &ScriptConsole::exitAsked, [](int status) { QCoreApplication::exit(status); });
+    window.docks().add("Script", QCoreApplication::translate("MainWindow", "Host"), console, QString(), QIcon(),
+                       QCoreApplication::translate("MainWindow", "Script"), Qt::BottomDockWidgetArea, true,
+                       nullptr);
+}
+#else
+void addScriptConsole(MainWindow&, Scripting&) {}
+#endif
+
 int runInWindow(const CommandLine& line, const HostLog& log)
 {
     SceneGuard guard(guardProgram(), ReadLimits::fromEnvironment());
@@ -116,6 +132,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     int status = 0;
     try {
         loadPlugins(plugins, line);
+        addScriptConsole(window, scripting);
         window.arrange();
         window.appear();
         if (!line.file.isEmpty())
