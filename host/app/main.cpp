@@ -131,8 +131,8 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     QObject::connect(&clock, &LiveClock::ticked, &window, &MainWindow::showTime);
     int status = 0;
     try {
+        addScriptConsole(window, scripting); // before plug-ins, whose panels are what is in front
         loadPlugins(plugins, line);
-        addScriptConsole(window, scripting);
         window.arrange();
         window.appear();
         if (!line.file.isEmpty())
