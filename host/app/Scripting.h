@@ -59,7 +59,7 @@ private:
     class Services;
 
     std::unique_ptr<Services> _services;
-    QMetaObject::Connection _closed; ///< Closing the window ends a script that runs in it.
+    QMetaObject::Connection _closed;           ///< Closing the window ends a script that runs in it.
     std::unique_ptr<Interpreter> _interpreter; ///< Made when it is first asked for.
     std::function<void(const std::string&, bool)> _listener;
 };

@@ -108,9 +108,9 @@ void addScriptConsole(MainWindow& window, Scripting& scripting)
 {
     auto* console = new ScriptConsole(scripting); // the window's from now on
     QObject::connect(console, &ScriptConsole::exitAsked, [](int status) { QCoreApplication::exit(status); });
-    window.docks().add("Script", QCoreApplication::translate("MainWindow", "Host"), console, QString(), QIcon(),
-                       QCoreApplication::translate("MainWindow", "Script"), Qt::BottomDockWidgetArea, true,
-                       nullptr);
+    window.docks().add("Script", QCoreApplication::translate("MainWindow", "Host"), console, QString(),
+                       QIcon(), QCoreApplication::translate("MainWindow", "Script"), Qt::BottomDockWidgetArea,
+                       true, nullptr);
 }
 #else
 void addScriptConsole(MainWindow&, Scripting&) {}
