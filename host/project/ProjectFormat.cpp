@@ -111,6 +111,16 @@ void readAttributes(Project& project, QJsonObject& document)
     }
 }
 
+/// Qt's reader drops a byte order mark that a text begins with, but not an escaped one.
+QByteArray withMarksEscaped(QByteArray document)
+{
+    const QByteArray mark = QByteArrayLiteral("\xEF\xBB\xBF");
+    const int begin = document.startsWith(mark) ? mark.size() : 0; // the file's own is no part of a text
+    if (document.indexOf(mark, begin) < 0)
+        return document;
+    return document.left(begin) + document.mid(begin).replace(mark, QByteArrayLiteral("\\ufeff"));
+}
+
 /// As it goes into an error: on one line, and not endless.
 QString shown(QStringList path)
 {
@@ -147,11 +157,12 @@ QByteArray ProjectFormat::toJson(const Project& project)
     if (project.isSceneOutside)
         document.insert(outsideKey, true);
     document.insert(attributesKey, attributes);
-    return QJsonDocument(document).toJson();
+    return withMarksEscaped(QJsonDocument(document).toJson());
 }
 
-Project ProjectFormat::fromJson(const QByteArray& bytes, const QString& file)
+Project ProjectFormat::fromJson(const QByteArray& document, const QString& file)
 {
+    const QByteArray bytes = withMarksEscaped(document);
     QJsonParseError error;
     const QJsonDocument parsed = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError)
@@ -160,11 +171,11 @@ Project ProjectFormat::fromJson(const QByteArray& bytes, const QString& file)
         if (!parsed.isObject())
             throw WrongValue{{}, QStringLiteral("the document is no object")};
         Project project;
-        QJsonObject document = parsed.object();
-        checkVersion(document.take(versionKey));
-        readScene(project, document);
-        readAttributes(project, document);
-        project.unknownKeys = document;
+        QJsonObject keys = parsed.object();
+        checkVersion(keys.take(versionKey));
+        readScene(project, keys);
+        readAttributes(project, keys);
+        project.unknownKeys = keys;
         return project;
     } catch (const WrongValue& wrong) {
         const QString where = wrong.path.isEmpty() ? QString() : shown(wrong.path) + QLatin1Char(' ');

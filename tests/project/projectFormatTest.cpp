@@ -95,6 +95,18 @@ TEST(ProjectFormat, UnknownKeysAreHandedOn)
     EXPECT_EQ(object(ProjectFormat::toJson(parsed(document))), object(document));
 }
 
+TEST(ProjectFormat, AByteOrderMarkAtTheBeginningOfATextIsKept)
+{
+    const QByteArray document =
+        "\xEF\xBB\xBF{\"formatVersion\": 1, \"theirs\": [\"\xEF\xBB\xBFraw\", \"\\ufeffescaped\"],"
+        "\"attributes\": {\"a\": {\"type\": \"string\", \"value\": \"\xEF\xBB\xBFx\"}}}";
+    const Project project = roundTrip(roundTrip(parsed(document)));
+
+    EXPECT_EQ(project.unknownKeys.value("theirs").toArray(),
+              (QJsonArray{QString(QChar(0xfeff)) + "raw", QString(QChar(0xfeff)) + "escaped"}));
+    EXPECT_EQ(boost::any_cast<std::string>(project.attributes.at("a")), "\xEF\xBB\xBFx");
+}
+
 TEST(ProjectFormat, AttributesOfUnknownTypesAreHandedOn)
 {
     const QByteArray document =
