@@ -12,15 +12,34 @@
 namespace
 {
 
+[[noreturn]] void raise(PyObject* type, const char* text)
+{
+    PyErr_SetString(type, text);
+    boost::python::throw_error_already_set();
+    throw; // not reached
+}
+
+/// An interpreter may import the library's file without a host that makes the module object.
+void requireModule()
+{
+    if (!ktAnimation::_the)
+        raise(PyExc_RuntimeError, "there is no animation module: no host has called initPlugin()");
+}
+
+std::vector<std::string> getAnimations()
+{
+    requireModule();
+    return ktAnimation::pyGetAnimations();
+}
+
 /// `drive` for Python: None would come as a null name, which names no animation, so it is refused as other
 /// wrong arguments are.
 template <void (*drive)(const char*)>
 void driveByName(const char* name)
 {
-    if (!name) {
-        PyErr_SetString(PyExc_TypeError, "the name of an animation must be a string, not None");
-        boost::python::throw_error_already_set();
-    }
+    if (!name)
+        raise(PyExc_TypeError, "the name of an animation must be a string, not None");
+    requireModule();
     drive(name);
 }
 
@@ -33,7 +52,7 @@ BOOST_PYTHON_MODULE(ktAnimation)
 
     const boost::python::docstring_options options(true, false, false);
 
-    def("getAnimations", &ktAnimation::pyGetAnimations);
+    def("getAnimations", &getAnimations);
     document("getAnimations", "Returns all animations.\n\n"
                               "@return: The names of all the animations.\n\n"
                               "@rtype: list of strings");

@@ -166,9 +166,14 @@ TEST(BarePython, FindsTheModuleInThePluginsFile)
     process.setProcessEnvironment(environment);
 
     process.start(python,
-                  {"-c", "import ktAnimation; print ktAnimation.startAnimation.__doc__.splitlines()[0]"});
+                  {"-c", "import ktAnimation\n"
+                         "print ktAnimation.startAnimation.__doc__.splitlines()[0]\n"
+                         "for call in (ktAnimation.getAnimations, lambda: ktAnimation.stopAnimation('a')):\n"
+                         "    try: call()\n"
+                         "    except RuntimeError as error: print error\n"});
     ASSERT_TRUE(process.waitForFinished());
 
-    EXPECT_EQ(process.readAllStandardOutput(), "Starts an animation.\n")
+    const QByteArray refusal = "there is no animation module: no host has called initPlugin()\n";
+    EXPECT_EQ(process.readAllStandardOutput(), "Starts an animation.\n" + refusal + refusal)
         << process.readAllStandardError().toStdString();
 }
