@@ -86,6 +86,19 @@ void runExitFunctions()
     run([&] { call(); });
 }
 
+/// The standard library's completer of names, without the line editor of terminals that it would bring along.
+py::object completerModule()
+{
+    py::object modules = py::import("sys").attr("modules");
+    const bool hasEditor = modules.attr("has_key")("readline");
+    if (!hasEditor)
+        modules["readline"] = py::object(); // keeps it from being imported
+    const py::object completer = py::import("rlcompleter");
+    if (!hasEditor)
+        modules.attr("pop")("readline");
+    return completer;
+}
+
 /// sys.argv and the first entry of sys.path for as long as a file runs.
 class FileSettings
 {
@@ -202,7 +215,7 @@ QStringList Interpreter::completions(const QString& text)
     QStringList found;
     try {
         const QByteArray bytes = text.toUtf8();
-        const py::object completer = py::import("rlcompleter").attr("Completer")(scriptNames());
+        const py::object completer = completerModule().attr("Completer")(scriptNames());
         for (int i = 0;; ++i) {
             const py::object name = completer.attr("complete")(
                 py::str(bytes.constData(), static_cast<std::size_t>(bytes.size())), i);

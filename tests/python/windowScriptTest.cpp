@@ -167,4 +167,5 @@ TEST_F(WindowScript, NamesAreCompleted)
     EXPECT_EQ(interpreter.completions("ktHost.sel"), (QStringList{"ktHost.select(", "ktHost.selection("}));
     EXPECT_EQ(interpreter.completions("ktHost.nothing"), QStringList());
     EXPECT_EQ(interpreter.completions("nobody.x"), QStringList());
+    EXPECT_TRUE(ktScript::run("import sys; assert 'readline' not in sys.modules")) << "it is for terminals";
 }
