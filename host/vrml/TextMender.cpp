@@ -57,22 +57,22 @@ public:
 
     MendedText run()
     {
-        std::string_view before; // the token, where that is a word
+        std::string_view before; // the token, where that may be the kind of a node
         for (auto token = _lexer.next(); token.kind != Kind::End; token = _lexer.next()) {
-            if (token.kind == Kind::Word)
-                word(token.text);
-            else if (token.kind == Kind::Open && (token.text == "[" || !passesOver(before)))
+            const bool isPlain = token.kind == Kind::Word && !passesStatement(token.text);
+            if (token.kind == Kind::Open && (token.text == "[" || !passesOver(before)))
                 ++_depth;
             else if (token.kind == Kind::Close)
                 --_depth;
-            before = token.kind == Kind::Word ? token.text : std::string_view();
+            before = isPlain ? token.text : std::string_view();
         }
         _result.text += _text.substr(_copied);
         return std::move(_result);
     }
 
 private:
-    void word(std::string_view keyword)
+    /// Goes through what this word begins; false where it is no keyword.
+    bool passesStatement(std::string_view keyword)
     {
         if (keyword == "DEF")
             _defined.insert(_lexer.nextWord());
@@ -84,6 +84,9 @@ private:
             externalPrototype(keyword);
         else if (_depth == 0 && (keyword == "META" || keyword == "PROFILE" || keyword == "COMPONENT"))
             youngerStatement(keyword);
+        else
+            return false;
+        return true;
     }
 
     std::size_t offset(std::string_view part) const

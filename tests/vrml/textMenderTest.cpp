@@ -61,6 +61,12 @@ TEST_F(TextMenderTest, PassesOverStatementsOfAYoungerStandard)
     EXPECT_EQ(mend("Group { META \"a\" \"b\" }"), "Group { META \"a\" \"b\" }");
 }
 
+TEST_F(TextMenderTest, AStatementIsNoKindOfTheBracesBehindIt)
+{
+    EXPECT_EQ(mend("PROFILE X { a\n } DEF A { b }"), " { a\n } DEF A { b }");
+    EXPECT_EQ(mend("USE A { b } PROTO P { c }"), "USE A { b } PROTO P { c }");
+}
+
 TEST_F(TextMenderTest, PutsAnEmptyGroupInPlaceOfAnUnknownNode)
 {
     EXPECT_EQ(mend("Group { a Foo { b [ 1\n2 ] c Bar { \"}\" } #}\n} } Foo {}"),
