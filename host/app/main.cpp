@@ -136,7 +136,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
         window.arrange();
         window.appear();
         if (!line.file.isEmpty())
-            session.open(line.file);
+            window.openFirst(line.file);
         runner.run(line.actions);
     } catch (const ScriptExit& exit) {
         return exit.status;

@@ -1,10 +1,9 @@
 #include "host/app/window/MainWindow.h"
 
-#include "host/app/HostError.h"
 #include "host/app/Session.h"
+#include "host/app/window/Documents.h"
 #include "host/app/window/LogPanel.h"
 #include "host/app/window/MessageConsole.h"
-#include "host/app/window/RecentFiles.h"
 #include "host/app/window/SceneTree.h"
 #include "host/app/window/SensorInspector.h"
 #include "host/app/window/StatusLine.h"
@@ -19,7 +18,6 @@
 #include <QDeadlineTimer>
 #include <QDockWidget>
 #include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -81,6 +79,7 @@ QWidget* firstStop(QWidget* panel)
 
 MainWindow::MainWindow(Session& session, const HostLog& log)
     : _session(session),
+      _documents(new Documents(session, *this)),
       _marker(_sceneView),
       _view(new RenderView(_sceneView, this)),
       _docks(new QKTDockWindowManager(this)),
@@ -104,6 +103,11 @@ MainWindow::MainWindow(Session& session, const HostLog& log)
     _marker.setStyle(palette().color(QPalette::Highlight), devicePixelRatioF());
     connect(_sceneTree, &SceneTree::selectionChanged, this, &MainWindow::markSelection);
     connect(&session, &Session::sceneReplaced, this, &MainWindow::showScene);
+    connect(_documents, &Documents::failed, this, [this](const QString& line) {
+        ktLog::error("kthost: %s", qUtf8Printable(line));
+        showError(line);
+    });
+    connect(_documents, &Documents::saved, this, &MainWindow::tellSaved);
     connect(&session, &Session::sceneEdited, this, &MainWindow::showEdit);
     connect(&session, &Session::opening, _status, &StatusLine::showOpening);
     connect(&session, &Session::reading, _status, &StatusLine::showReading);
@@ -155,12 +159,12 @@ void MainWindow::appear()
 
 void MainWindow::open(const QString& file)
 {
-    try {
-        _session.open(file);
-    } catch (const HostError& error) {
-        ktLog::error("kthost: %s", error.what());
-        showError(QString::fromStdString(error.what()));
-    }
+    _documents->open(file);
+}
+
+void MainWindow::openFirst(const QString& file)
+{
+    _documents->openOrThrow(file);
 }
 
 void MainWindow::showError(const QString& text)
@@ -175,13 +179,6 @@ void MainWindow::showScene()
 {
     _sceneView.setScene(_session.drawing(), _session.names());
     showEdit();
-    setWindowFilePath(_session.file());
-    if (_session.file().isEmpty()) {
-        setWindowTitle(QStringLiteral("kthost"));
-        return;
-    }
-    setWindowTitle(tr("%1 - kthost").arg(QFileInfo(_session.file()).fileName()));
-    RecentFiles::add(_session.file());
 }
 
 void MainWindow::showEdit()
@@ -249,6 +246,10 @@ void MainWindow::childEvent(QChildEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (!_documents->mayLeave()) {
+        event->ignore();
+        return;
+    }
     _docks->saveLayout();
     QMainWindow::closeEvent(event);
 }

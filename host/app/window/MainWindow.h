@@ -11,6 +11,7 @@ class QMenu;
 namespace kthost
 {
 
+class Documents;
 class HostLog;
 class LogPanel;
 class MessageConsole;
@@ -43,8 +44,12 @@ public:
     /// Shows the window and returns when it is on the display, so that what follows is seen.
     void appear();
 
-    /// Opens a scene; a failure is shown in a message box, and what was open stays open.
+    /// Opens a scene or a project, once unsaved changes are saved or given up; a failure is shown in a
+    /// message box, and what was open stays open.
     void open(const QString& file);
+
+    /// Opens what the command line names; throws HostError. The user is asked for a scene that is missing.
+    void openFirst(const QString& file);
 
     /// Shows the simulation time in the status line, and the view as it is then.
     void showTime(double seconds);
@@ -64,7 +69,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
     void childEvent(QChildEvent* event) override;
 
-    /// The layout of the docks is kept for the next run.
+    /// Unsaved changes are asked about first. The layout of the docks is kept for the next run.
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -73,8 +78,8 @@ private:
     void buildViewMenu();
     void fillRecentMenu();
     void fillViewpointMenu();
-    void chooseFile();
     void savePicture();
+    void tellSaved(const QString& file);
     void showAbout();
     void showScene();
     void showEdit();
@@ -82,6 +87,7 @@ private:
     void setDefaultSizes();
 
     Session& _session;
+    Documents* _documents;
     SceneView _sceneView;
     SelectionMarker _marker;
     RenderView* _view;

@@ -4,6 +4,7 @@
 #include "host/app/HostError.h"
 #include "host/app/Pictures.h"
 #include "host/app/Session.h"
+#include "host/app/window/Documents.h"
 #include "host/app/window/RecentFiles.h"
 #include "host/view/RenderView.h"
 
@@ -26,11 +27,6 @@ namespace
 
 constexpr int messageTime = 5000; ///< Milliseconds.
 
-QString sceneFilter()
-{
-    return MainWindow::tr("VRML97 scenes (*.wrl *.wrl.gz *.wrz *.vrml *.gz);;All files (*)");
-}
-
 /// An entry of a list that grows: numbered, so that the keyboard reaches the first nine at once.
 QString numbered(int index, QString text)
 {
@@ -45,19 +41,16 @@ void MainWindow::buildFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     menu->setToolTipsVisible(true);
-    menu->addAction(tr("&Open..."), this, &MainWindow::chooseFile, QKeySequence::Open);
+    menu->addAction(tr("&Open..."), _documents, &Documents::chooseAndOpen, QKeySequence::Open);
     _recentMenu = menu->addMenu(tr("Open &Recent"));
     _recentMenu->setToolTipsVisible(true);
     connect(_recentMenu, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
-    QAction* close = menu->addAction(tr("&Close"), &_session, &Session::close, QKeySequence::Close);
+    _documents->addActions(*menu);
     menu->addSeparator();
-    menu->addAction(tr("&Save Picture..."), this, &MainWindow::savePicture,
+    menu->addAction(tr("Save &Picture..."), this, &MainWindow::savePicture,
                     QKeySequence(Qt::CTRL | Qt::Key_P));
     menu->addSeparator();
     menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
-    const auto follow = [this, close] { close->setEnabled(!_session.file().isEmpty()); };
-    connect(&_session, &Session::sceneReplaced, close, follow);
-    follow();
 }
 
 void MainWindow::buildViewMenu()
@@ -111,14 +104,6 @@ void MainWindow::fillViewpointMenu()
         _viewpointMenu->addAction(tr("The scene has none"))->setEnabled(false);
 }
 
-void MainWindow::chooseFile()
-{
-    const QString folder = QFileInfo(_session.file()).path();
-    const QString file = QFileDialog::getOpenFileName(this, tr("Open"), folder, sceneFilter());
-    if (!file.isEmpty())
-        open(file);
-}
-
 void MainWindow::savePicture()
 {
     const QString file = QFileDialog::getSaveFileName(this, tr("Save Picture"), QStringLiteral("picture.png"),
@@ -127,10 +112,15 @@ void MainWindow::savePicture()
         return;
     try {
         Pictures(_session, &_sceneView).write(file, _view->size() * _view->devicePixelRatioF());
-        statusBar()->showMessage(tr("Saved %1").arg(file), messageTime);
+        tellSaved(file);
     } catch (const HostError& error) {
         showError(QString::fromStdString(error.what()));
     }
+}
+
+void MainWindow::tellSaved(const QString& file)
+{
+    statusBar()->showMessage(tr("Saved %1").arg(file), messageTime);
 }
 
 void MainWindow::showAbout()

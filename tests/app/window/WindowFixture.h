@@ -58,6 +58,8 @@ protected:
 
     void close()
     {
+        if (session.isModified())
+            session.close(); // nobody is here to answer
         if (window)
             window->close();
         plugins.reset();

@@ -61,13 +61,13 @@ protected:
 
 TEST_F(MainWindowTest, ItsTitleNamesTheSceneThatIsOpen)
 {
-    EXPECT_EQ(window->windowTitle(), "kthost");
+    EXPECT_EQ(window->windowTitle(), "kthost[*]");
 
     window->open(example("door.wrl"));
-    EXPECT_EQ(window->windowTitle(), "door.wrl - kthost");
+    EXPECT_EQ(window->windowTitle(), "door.wrl[*] - kthost");
 
     session.close();
-    EXPECT_EQ(window->windowTitle(), "kthost");
+    EXPECT_EQ(window->windowTitle(), "kthost[*]");
 }
 
 TEST_F(MainWindowTest, AnOpenedSceneIsAmongTheRecentFiles)
@@ -83,7 +83,7 @@ TEST_F(MainWindowTest, AFileThatDoesNotLoadKeepsTheSceneAndShowsOneBox)
 
     window->open(writeFile("broken.wrl", "#VRML V2.0 utf8\nTransform { oops }"));
 
-    EXPECT_EQ(window->windowTitle(), "door.wrl - kthost");
+    EXPECT_EQ(window->windowTitle(), "door.wrl[*] - kthost");
     EXPECT_FALSE(ktScenegraph::findNodes("Door").empty());
     ASSERT_EQ(boxes().size(), 1);
     EXPECT_TRUE(boxes().first()->text().contains("broken.wrl"));
@@ -177,7 +177,7 @@ TEST_F(MainWindowTest, ASceneDroppedOnTheViewIsOpened)
 {
     ASSERT_TRUE(drop({QUrl::fromLocalFile(example("door.wrl"))}, middleOfTheView()));
 
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window->windowTitle() == "door.wrl - kthost"; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->windowTitle() == "door.wrl[*] - kthost"; }));
 }
 
 TEST_F(MainWindowTest, ASceneDroppedOnAPanelIsOpened)
@@ -186,7 +186,7 @@ TEST_F(MainWindowTest, ASceneDroppedOnAPanelIsOpened)
 
     ASSERT_TRUE(drop({QUrl::fromLocalFile(example("door.wrl"))}, tree));
 
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window->windowTitle() == "door.wrl - kthost"; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->windowTitle() == "door.wrl[*] - kthost"; }));
 }
 
 TEST_F(MainWindowTest, SeveralFilesAndFilesOfOtherMachinesAreNotWelcome)
