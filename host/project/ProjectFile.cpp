@@ -12,6 +12,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
+
 namespace kthost
 {
 namespace
@@ -84,7 +87,13 @@ void ProjectFile::write(const Project& project, const QString& file)
         fail(file, QStringLiteral("it is not a regular file"));
 
     QSaveFile next(file);
-    if (!next.open(QIODevice::WriteOnly) || !writeAll(next, json) || !next.commit())
+    // Unbuffered: a commit puts the new file into place whether or not its last buffer could be written.
+    if (!next.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(next, json))
+        fail(file, next.errorString());
+    // Some disks tell only now that they are full, and a commit does not pass that on either.
+    if (::fsync(next.handle()) != 0 && errno != EINVAL)
+        fail(file, QString::fromLocal8Bit(std::strerror(errno)));
+    if (!next.commit())
         fail(file, next.errorString());
     syncFolder(QFileInfo(present.exists() ? present.canonicalFilePath() : file).absolutePath());
 }

@@ -206,6 +206,10 @@ TEST_F(ProjectFileTest, AFileThatMayNotGrowFurtherKeepsTheOldOne)
         EXPECT_EQ(failureOfWrite(path("p.ktproj"), large()),
                   path("p.ktproj").toStdString() + ": File too large");
     }
+    {
+        const FileSizeLimit limit(10);
+        EXPECT_EQ(failureOfWrite(path("p.ktproj")), path("p.ktproj").toStdString() + ": File too large");
+    }
     EXPECT_EQ(bytesOf(path("p.ktproj")), "old");
     EXPECT_EQ(files(), QStringList{"p.ktproj"});
 }
@@ -223,6 +227,14 @@ TEST_F(ProjectFileTest, AFullDiskKeepsTheOldFile)
     EXPECT_EQ(bytesOf(path("p.ktproj")), "old");
     EXPECT_EQ(files(), QStringList{"p.ktproj"});
     EXPECT_EQ(failureOfWrite(path("p.ktproj")), "");
+
+    const QByteArray whole = bytesOf(path("p.ktproj"));
+    QFile rest(path("rest"));
+    ASSERT_TRUE(rest.open(QIODevice::WriteOnly));
+    while (rest.write(QByteArray(4096, 'x')) > 0 && rest.flush()) {
+    }
+    EXPECT_EQ(failureOfWrite(path("p.ktproj")), path("p.ktproj").toStdString() + ": No space left on device");
+    EXPECT_EQ(bytesOf(path("p.ktproj")), whole);
 }
 
 TEST_F(ProjectFileTest, WhatIsOverTheLimitIsNeitherWrittenNorRead)
