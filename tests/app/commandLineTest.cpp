@@ -86,6 +86,16 @@ TEST(CommandLine, ReadsSizesAndRates)
     EXPECT_EQ(std::get<ScreenshotAction>(line.actions.at(3)).file, "a.png");
 }
 
+TEST(CommandLine, SavesInItsTurnUnderTheNameOfAProject)
+{
+    const CommandLine line = parse({"a.ktproj", "--run", "1", "--save", "b.ktproj", "--list"});
+
+    EXPECT_EQ(line.file, "a.ktproj");
+    EXPECT_EQ(std::get<SaveAction>(line.actions.at(1)).file, "b.ktproj");
+    EXPECT_NE(refusalOf({"--save", "b.wrl"}).find("'b.wrl' does not end in .ktproj"), std::string::npos);
+    EXPECT_NE(refusalOf({"--save", ""}).find("--save"), std::string::npos);
+}
+
 TEST(CommandLine, CollectsPluginsInOrder)
 {
     const CommandLine line = parse({"--plugin", "b.so", "--plugin-dir", "folder", "--plugin", "a.so"});

@@ -1,107 +1,15 @@
-// Projects in a session: which messages modules get, what survives, what is unsaved.
-#include "host/app/HostError.h"
-#include "host/app/Session.h"
-#include "tests/support/LogRecorder.h"
+// Projects in a session: which messages modules get, and what is open afterwards.
+#include "tests/app/SessionProjectFixture.h"
 
-#include <kt/ktFileIO.h>
-#include <kt/ktMessageId.h>
-#include <kt/ktModuleBase.h>
-#include <kt/ktScenegraph.h>
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-
-#include <algorithm>
 
 using namespace kthost;
 
 namespace
 {
 
-using Strings = std::vector<std::string>;
-
-/// A module with one setting, which notes what it is told.
-class NotingModule : public ktModuleBase
-{
-public:
-    NotingModule()
-        : ktModuleBase("Noting", "Noting",
-                       ktMessageId::SceneCleared | ktMessageId::Project | ktMessageId::SceneChanged, nullptr)
-    {
-    }
-
-    void receivedMessage(ktMessage& message) override
-    {
-        ktMessage& project = ktFileIO::getProject();
-        if (message.id() != ktMessageId::Project) {
-            told << QString::number(message.id()) + (ktScenegraph::getRootNode() ? " scene" : "");
-            return;
-        }
-        bool isLoading = false;
-        ASSERT_TRUE(project.get<bool>("_loading", isLoading));
-        told << (isLoading ? "load" : "save");
-        if (isLoading)
-            project.get<std::string>("setting", setting);
-        else
-            project.set("setting", setting);
-    }
-
-    QStringList told;
-    std::string setting;
-};
-
-class SessionProjectTest : public testing::Test
-{
-protected:
-    SessionProjectTest() { QFile::copy(KT_EXAMPLES_DIR "/scenes/door.wrl", path("door.wrl")); }
-
-    QString path(const char* name) const { return QDir(folder.path()).filePath(name); }
-
-    void put(const char* name, const QByteArray& bytes) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
-    const QJsonObject document(const char* name) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return QJsonDocument::fromJson(file.readAll()).object();
-    }
-
-    /// A project with the scene and this setting.
-    void putProject(const char* name, const char* setting, const char* scene = "door.wrl") const
-    {
-        put(name, R"({"formatVersion": 1, "scene": ")" + QByteArray(scene) +
-                      R"(", "attributes": {"setting": {"type": "string", "value": ")" + setting + "\"}}}");
-    }
-
-    std::string failureOfOpen(const char* name)
-    {
-        try {
-            session.open(path(name));
-        } catch (const HostError& error) {
-            EXPECT_EQ(error.status(), ExitStatus::BadFile);
-            return error.what();
-        }
-        return "";
-    }
-
-    QTemporaryDir folder;
-    kt::test::LogRecorder log;
-    Session session;
-    NotingModule module;
-};
+using SessionProjectTest = kt::test::SessionProjectFixture;
 
 TEST_F(SessionProjectTest, OpeningTellsModulesInOrder)
 {
@@ -253,84 +161,6 @@ TEST_F(SessionProjectTest, AMovedProjectTakesItsSceneAlong)
     session.open(path("there/p.ktproj"));
 
     EXPECT_EQ(session.file(), path("there/door.wrl"));
-}
-
-TEST_F(SessionProjectTest, OnlyWhatASaveWouldChangeIsModified)
-{
-    EXPECT_FALSE(session.isModified());
-    session.open(path("door.wrl"));
-    EXPECT_FALSE(session.isModified());
-
-    module.setting = "edited";
-    EXPECT_TRUE(session.isModified());
-    module.setting = "";
-    EXPECT_FALSE(session.isModified()); // edited back
-
-    module.setting = "edited";
-    session.save(path("p.ktproj"));
-    EXPECT_FALSE(session.isModified());
-    ktFileIO::getProject().set("of nobody", 1, false);
-    EXPECT_FALSE(session.isModified());
-    ktFileIO::getProject().set("of somebody", 1);
-    EXPECT_TRUE(session.isModified());
-}
-
-TEST_F(SessionProjectTest, AskingForChangesLeavesNoTrace)
-{
-    putProject("p.ktproj", "kept");
-    session.open(path("p.ktproj"));
-    module.setting = "edited";
-
-    EXPECT_TRUE(session.isModified());
-
-    std::string setting;
-    EXPECT_TRUE(ktFileIO::getProject().get<std::string>("setting", setting));
-    EXPECT_EQ(setting, "kept");
-    EXPECT_TRUE(ktFileIO::getProject().get("_loading").empty());
-}
-
-TEST_F(SessionProjectTest, AFailedSaveStaysModified)
-{
-    session.open(path("door.wrl"));
-    session.save(path("p.ktproj"));
-    module.setting = "edited";
-
-    EXPECT_THROW(session.save(path("none/q.ktproj")), HostError);
-
-    EXPECT_EQ(session.projectFile(), path("p.ktproj"));
-    EXPECT_TRUE(session.isModified());
-}
-
-TEST_F(SessionProjectTest, WhatIsNotKnownIsKeptAndReported)
-{
-    put("p.ktproj", R"({"formatVersion": 1, "scene": "door.wrl", "theirs": [1],
-        "attributes": {"m": {"type": "matrix", "value": [1, 2]}}})");
-    session.open(path("p.ktproj"));
-    EXPECT_EQ(std::count_if(log.lines().begin(), log.lines().end(),
-                            [](const std::string& line) {
-                                return line.find("the attribute m is of a type") != line.npos;
-                            }),
-              1);
-
-    session.save(path("q.ktproj"));
-
-    EXPECT_EQ(document("q.ktproj").value("theirs").toArray(), QJsonArray{1});
-    EXPECT_EQ(document("q.ktproj")["attributes"]["m"]["value"], (QJsonArray{1, 2}));
-}
-
-TEST_F(SessionProjectTest, AValueThatNoFileCanHoldLeavesTheOldOne)
-{
-    putProject("p.ktproj", "kept");
-    session.open(path("p.ktproj"));
-    ktFileIO::getProject().set("camera", 1.5F);
-    log.lines().clear();
-
-    session.save(path("p.ktproj"));
-
-    EXPECT_FALSE(document("p.ktproj")["attributes"].toObject().contains("camera"));
-    ASSERT_EQ(log.lines().size(), 1u);
-    EXPECT_EQ(log.lines()[0], "warning: the project's attribute camera is of a type that no project file can "
-                              "hold; it is not saved");
 }
 
 } // namespace

@@ -35,8 +35,7 @@ QString openFilter()
 
 } // namespace
 
-Documents::Documents(Session& session, QWidget& window)
-    : QObject(&window), _session(session), _window(window)
+Documents::Documents(Session& session, QWidget& window) : QObject(&window), _session(session), _window(window)
 {
     connect(&session, &Session::sceneReplaced, this, &Documents::showTitle);
     connect(&session, &Session::projectSaved, this, &Documents::showTitle);
