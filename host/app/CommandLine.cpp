@@ -173,8 +173,12 @@ CommandLine CommandLine::parse(int argc, const char* const* argv)
     QCommandLineParser parser;
     addOptions(parser);
     CommandLine line;
-    if (!parser.parse(words))
-        refuse(QStringLiteral("arguments"), text(parser.errorText()).section(QLatin1Char('.'), 0, 0));
+    if (!parser.parse(words)) {
+        QString why = text(parser.errorText());
+        if (why.endsWith(QLatin1Char('.')))
+            why.chop(1);
+        refuse(QStringLiteral("arguments"), why);
+    }
     line.wantsHelp = parser.isSet("help");
     line.wantsVersion = parser.isSet("version");
     if (line.wantsHelp || line.wantsVersion)
@@ -204,7 +208,9 @@ QString CommandLine::helpText()
         "everything is done in "
         "the order given.\n\nExit status: 0 all done, 2 the arguments are off, 3 a file could not be read or "
         "written, "
-        "4 the picture could not be made, 6 a plug-in named by --plugin could not be loaded.");
+        "4 the picture could not be made, 5 a script failed, 6 a plug-in named by --plugin could not be "
+        "loaded, "
+        "130 a script was interrupted; a script that ends by sys.exit() gives its own.");
     addOptions(parser);
     return parser.helpText();
 }

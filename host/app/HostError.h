@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace kthost
 {
@@ -18,20 +20,31 @@ enum class ExitStatus {
 };
 
 /// What the user asked for could not be done: what, why, and the status that the program ends with for it.
+/// One line, whatever a file's name holds: control characters become blanks.
 class HostError : public std::runtime_error
 {
 public:
     HostError(ExitStatus status, const std::string& what, const std::string& why)
-        : std::runtime_error(what + ": " + why), _status(status)
+        : HostError(status, what + ": " + why)
     {
     }
 
     /// `line` says both already.
-    HostError(ExitStatus status, const std::string& line) : std::runtime_error(line), _status(status) {}
+    HostError(ExitStatus status, std::string line)
+        : std::runtime_error(inOneLine(std::move(line))), _status(status)
+    {
+    }
 
     ExitStatus status() const { return _status; }
 
 private:
+    static std::string inOneLine(std::string text)
+    {
+        std::replace_if(
+            text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+        return text;
+    }
+
     ExitStatus _status;
 };
 

@@ -4,6 +4,7 @@
 #include <kt/ktLog.h>
 #include <kt/ktModuleBase.h>
 #include <kt/ktOSGWidget.h>
+#include <kt/ktPythonInit.h>
 #include <qkt/QKTDockWindowManager.h>
 
 #include <QDir>
@@ -69,6 +70,7 @@ void dropCallbacksOf(QLibrary& library)
     };
     ktController::dropCallbacks(isOfLibrary);
     ktOSGWidget::dropCallbacks(isOfLibrary);
+    ktPythonInit::dropCallbacks(isOfLibrary);
 }
 
 QList<QDockWidget*> presentDocks()

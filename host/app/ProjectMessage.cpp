@@ -15,9 +15,14 @@ const char* const loadingKey = "_loading";
 void tellModules(ProjectStep step)
 {
     ktMessage& project = ktFileIO::getProject();
+    // A module may ask the others from within its own turn; the turn then goes on as it was.
+    const boost::any before = project.get(loadingKey);
     project.set(loadingKey, step == ProjectStep::Load, false);
     ktController::deliver(project);
-    project.remove(loadingKey);
+    if (before.empty())
+        project.remove(loadingKey);
+    else
+        project.set(loadingKey, before, false);
 }
 
 ProjectProbe::ProjectProbe() : _before(ktFileIO::getProject()) {}

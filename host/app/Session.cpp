@@ -134,12 +134,22 @@ std::size_t Session::warnings() const
     return _scene ? _scene->reader.warnings.total() : 0;
 }
 
+auto Session::beBusyWith(const QString& file)
+{
+    if (_isBusy)
+        throw HostError(ExitStatus::BadFile, file.toStdString(),
+                        "another file is just being opened or saved");
+    _isBusy = true;
+    return qScopeGuard([this] { _isBusy = false; });
+}
+
 void Session::open(const QString& file)
 {
     if (ProjectFile::isProject(file)) {
         openProject(file, QString());
         return;
     }
+    const auto busy = beBusyWith(file);
     const auto ended = qScopeGuard([&] { emit opening(OpenStep::Ended, file); });
     std::unique_ptr<Scene> scene = load(file);
     emit opening(OpenStep::Announcing, file);
@@ -157,6 +167,7 @@ void Session::openWithScene(const QString& project, const QString& scene)
 
 void Session::openProject(const QString& file, const QString& sceneInstead)
 {
+    const auto busy = beBusyWith(file);
     const auto ended = qScopeGuard([&] { emit opening(OpenStep::Ended, file); });
     Project project;
     try {
@@ -193,12 +204,14 @@ void Session::show(std::unique_ptr<Scene> scene, const QString& file)
 
 void Session::save(const QString& project)
 {
+    const auto busy = beBusyWith(project);
     _project.save(QFileInfo(project).absoluteFilePath(), _file);
     emit projectSaved();
 }
 
 void Session::close()
 {
+    const auto busy = beBusyWith(QStringLiteral("close"));
     clear();
     _project.settle(QString());
     emit sceneReplaced();

@@ -38,7 +38,8 @@ private:
 };
 
 /// What is open in the host: one scene, its clock, its animations, and the project that they belong to. GUI
-/// thread; one at a time.
+/// thread; one at a time. Modules and views that are told of an opening, a save or a closing cannot begin
+/// another one meanwhile: that throws HostError (BadFile).
 class Session : public QObject
 {
     Q_OBJECT
@@ -77,8 +78,9 @@ public:
     const QString& projectFile() const { return _project.file(); }
 
     /// Whether a save would write something else than the last open() or save() found. Modules are asked,
-    /// which takes as long as a save without the file.
-    bool isModified() const { return _project.isModified(_file); }
+    /// which takes as long as a save without the file. While something is opened or saved, nothing is
+    /// modified.
+    bool isModified() const { return !_isBusy && _project.isModified(_file); }
 
     /// What is drawn; null where no scene is open. Owned by the session until the next open() or close().
     SoNode* drawing() const;
@@ -129,6 +131,10 @@ private:
 
     void clear();
 
+    /// For as long as what it gives lives, nothing else is opened, saved or closed.
+    auto beBusyWith(const QString& file);
+
+    bool _isBusy = false;
     SceneGuard* _guard = nullptr;
     FrameLoop _frames;
     OpenProject _project;

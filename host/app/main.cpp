@@ -25,6 +25,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
 
 namespace
 {
@@ -35,6 +36,16 @@ int fail(const HostError& error)
 {
     std::fprintf(stderr, "kthost: %s\n", error.what());
     return static_cast<int>(error.status());
+}
+
+/// The status that the program ends with: output that was lost is a failure, too.
+int ended(int status)
+{
+    std::cout.flush();
+    std::fflush(stdout);
+    if (status == 0 && (!std::cout || std::ferror(stdout) != 0))
+        return fail(HostError(ExitStatus::BadFile, "standard output", "it could not be written"));
+    return status;
 }
 
 /// What Qt has to say is for the log; what it cannot go on from ends the program in one line.
@@ -151,8 +162,8 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &clock,
                      [&session] { session.frames().announceSceneChange(); });
     clock.start();
-    const int ended = QApplication::exec();
-    return ended == 0 ? status : ended;
+    const int asked = QApplication::exec();
+    return asked == 0 ? status : asked;
 }
 
 } // namespace
@@ -172,7 +183,7 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("kthost"));
     if (line.wantsVersion) {
         std::printf("kthost %s\n", KT_VERSION);
-        return 0;
+        return ended(0);
     }
     qInstallMessageHandler(handleQtMessage);
     const bool hasNoWindow = line.isHeadless || line.wantsHelp;
@@ -183,8 +194,8 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (line.wantsHelp) {
         std::printf("%s", qPrintable(CommandLine::helpText()));
-        return 0;
+        return ended(0);
     }
     HostLog log;
-    return line.isHeadless ? runHeadless(line) : runInWindow(line, log);
+    return ended(line.isHeadless ? runHeadless(line) : runInWindow(line, log));
 }

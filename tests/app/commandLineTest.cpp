@@ -107,6 +107,8 @@ TEST(CommandLine, CollectsPluginsInOrder)
 TEST(CommandLine, RefusesWhatItDoesNotKnow)
 {
     EXPECT_NE(refusalOf({"--no-such-thing"}).find("no-such-thing"), std::string::npos);
+    EXPECT_NE(refusalOf({"--no.such.thing"}).find("'no.such.thing'"), std::string::npos);
+    EXPECT_NE(refusalOf({"--no\nthing"}).find("no thing"), std::string::npos);
     EXPECT_NE(refusalOf({"one.wrl", "two.wrl"}).find("two.wrl"), std::string::npos);
 }
 
@@ -138,7 +140,11 @@ TEST(CommandLine, HelpNamesEveryOption)
 {
     const QString help = CommandLine::helpText();
 
-    for (const char* option : {"--headless", "--list", "--dump", "--send", "--run", "--fps", "--screenshot",
-                               "--frames", "--size", "--plugin", "--plugin-dir", "--version", "--help"})
+    for (const char* option :
+         {"--headless", "--list", "--dump", "--send", "--run", "--fps", "--screenshot", "--frames", "--size",
+          "--plugin ", "--plugin-dir", "--script", "--save", "--version", "--help"})
         EXPECT_TRUE(help.contains(option)) << option;
+    for (const char* status :
+         {"0 all done", "2 the", "3 a file", "4 the", "5 a script", "6 a plug-in", "130 a script"})
+        EXPECT_TRUE(help.simplified().contains(status)) << status;
 }

@@ -7,6 +7,7 @@
 #include <kt/ktMessageId.h>
 #include <kt/ktModuleBase.h>
 #include <kt/ktOSGWidget.h>
+#include <kt/ktPythonInit.h>
 #include <qkt/QKTDockWindowManager.h>
 
 #include <gtest/gtest.h>
@@ -128,6 +129,7 @@ TEST_F(PluginLoaderTest, WhatOneThatThrowsHadRegisteredAndDockedGoes)
     EXPECT_TRUE(window.findChildren<QDockWidget*>().isEmpty());
     ktMessage message;
     EXPECT_EQ(ktController::sendMessage("late", message), 0);
+    ktPythonInit::notify(false); // would end the test program
 }
 
 TEST_F(PluginLoaderTest, CallbacksThatAPluginForgetsGoWithIt)

@@ -1,5 +1,6 @@
 #include "host/view/RenderView.h"
 #include "host/view/SceneView.h"
+#include "tests/view/MouseDrag.h"
 
 #include <kt/ktOSGWidget.h>
 
@@ -139,10 +140,7 @@ TEST_F(KeyReporterTest, EscapeLeavesTheViewersGesturesOn)
     const SbRotation before = view.camera()->orientation.getValue();
 
     QTest::keyClick(window(), Qt::Key_Escape);
-    QTest::mousePress(window(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
-    for (int x = 100; x <= 150; x += 10)
-        QTest::mouseMove(window(), QPoint(x, 100));
-    QTest::mouseRelease(window(), Qt::LeftButton, Qt::NoModifier, QPoint(150, 100));
+    kt::test::drag(window(), QPoint(100, 100), QPoint(150, 100));
 
     EXPECT_FALSE(before.equals(view.camera()->orientation.getValue(), 1e-3F));
 }

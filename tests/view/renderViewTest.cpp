@@ -1,5 +1,6 @@
 #include "host/view/RenderView.h"
 #include "host/view/SceneView.h"
+#include "tests/view/MouseDrag.h"
 #include "tests/view/SceneText.h"
 
 #include <Inventor/VRMLnodes/SoVRMLTouchSensor.h>
@@ -108,10 +109,7 @@ TEST_F(RenderViewTest, DraggingTurnsTheCameraAboutTheScene)
     ASSERT_TRUE(nextFrame());
     const SbRotation before = view.camera()->orientation.getValue();
 
-    QTest::mousePress(window(), Qt::LeftButton, Qt::NoModifier, QPoint(150, 100));
-    for (int x = 150; x <= 200; x += 10)
-        QTest::mouseMove(window(), QPoint(x, 100));
-    QTest::mouseRelease(window(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 100));
+    kt::test::drag(window(), QPoint(150, 100), QPoint(200, 100));
 
     EXPECT_FALSE(before.equals(view.camera()->orientation.getValue(), 1e-3F));
 }
@@ -181,10 +179,7 @@ TEST_F(RenderViewTest, ATouchDoesNotTurnTheScene)
     ASSERT_TRUE(nextFrame());
     const auto dragFrom = [&](const QPoint& start) {
         const SbRotation before = view.camera()->orientation.getValue();
-        QTest::mousePress(window(), Qt::LeftButton, {}, start);
-        for (int x = 0; x <= 50; x += 10)
-            QTest::mouseMove(window(), start + QPoint(x, 0));
-        QTest::mouseRelease(window(), Qt::LeftButton, {}, start + QPoint(50, 0));
+        kt::test::drag(window(), start, start + QPoint(50, 0));
         return !before.equals(view.camera()->orientation.getValue(), 1e-3F);
     };
 

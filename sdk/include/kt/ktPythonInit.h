@@ -2,6 +2,8 @@
 
 #include <kt/Export.h>
 
+#include <functional>
+
 /// Registers, for as long as it lives, a callback that brings a Python module into the host's interpreter.
 /// Made as a static object of a plug-in, so that it is there from the load of the library on.
 class KT_EXPORT ktPythonInit
@@ -24,6 +26,10 @@ public:
     /// state yet; to be called with false after the interpreter's start and after each later load of
     /// libraries. An exception of one is logged and keeps none of the others from their turn.
     static void notify(bool destroy);
+
+    /// For the host: callbacks that `isGone` answers true for are never called again, as those of a library
+    /// that failed.
+    static void dropCallbacks(const std::function<bool(Callback)>& isGone);
 
 private:
     Callback _callback;

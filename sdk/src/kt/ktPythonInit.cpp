@@ -29,6 +29,14 @@ ktPythonInit::~ktPythonInit()
     all.erase(std::remove(all.begin(), all.end(), this), all.end());
 }
 
+void ktPythonInit::dropCallbacks(const std::function<bool(Callback)>& isGone)
+{
+    for (ktPythonInit* init : living()) {
+        if (init->_callback && isGone(init->_callback))
+            init->_callback = nullptr;
+    }
+}
+
 void ktPythonInit::notify(bool destroy)
 {
     const std::vector<ktPythonInit*> present = living();

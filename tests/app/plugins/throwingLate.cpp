@@ -1,6 +1,7 @@
 // A plug-in that fails when it has docked its panel and registered callbacks.
 #include <kt/ktController.h>
 #include <kt/ktOSGWidget.h>
+#include <kt/ktPythonInit.h>
 #include <qkt/QKTDockWindowManager.h>
 
 #include <QLabel>
@@ -20,6 +21,13 @@ void calledKey(int, int, int, QEvent*)
 {
     std::abort();
 }
+
+void calledInterpreter(bool)
+{
+    std::abort();
+}
+
+const ktPythonInit registrar(calledInterpreter);
 
 } // namespace
 
