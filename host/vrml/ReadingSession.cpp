@@ -7,8 +7,8 @@
 #include "host/vrml/ReportingInput.h"
 #include "host/vrml/SceneGuard.h"
 #include "host/vrml/SceneSkeleton.h"
+#include "host/vrml/SearchFolder.h"
 #include "host/vrml/TextMender.h"
-#include "host/vrml/TextureImages.h"
 
 #include <Inventor/SoDB.h>
 #include <Inventor/VRMLnodes/SoVRMLInline.h>
@@ -45,28 +45,6 @@ bool isAboutTheScene(const ReaderMessage& message)
     return std::none_of(std::begin(aboutTheLibrary), std::end(aboutTheLibrary),
                         [&](std::string_view beginning) { return startsWith(message.words, beginning); });
 }
-
-/// The folder that the library and the textures are looked up in, for the time of one file.
-class SearchFolder
-{
-public:
-    explicit SearchFolder(const std::string& folder)
-        : _folder(folder), _former(TextureImages::setFolder(folder))
-    {
-        SoInput::addDirectoryFirst(_folder.c_str());
-    }
-    ~SearchFolder()
-    {
-        SoInput::removeDirectory(_folder.c_str());
-        TextureImages::setFolder(_former);
-    }
-    SearchFolder(const SearchFolder&) = delete;
-    SearchFolder& operator=(const SearchFolder&) = delete;
-
-private:
-    std::string _folder;
-    std::string _former;
-};
 
 std::string located(const std::string& name, std::size_t line, const std::string& words)
 {
