@@ -62,6 +62,7 @@ void startPython(const QString& home)
     Py_IgnoreEnvironmentFlag = 1; // the user's settings are for a Python of another version
     Py_NoUserSiteDirectory = 1;
     Py_InitializeEx(0);
+    Py_InspectFlag = 1; // a sys.excepthook that calls sys.exit() fails, instead of ending the process
     RunningScript::prepare();
     registerStringListConverter();
     ScriptStreams::install();

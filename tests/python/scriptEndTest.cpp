@@ -51,6 +51,17 @@ TEST_F(ScriptEnd, ASyntaxErrorIsAFailure)
     EXPECT_TRUE(run.errorLines().last().contains("SyntaxError")) << run.errors.toStdString();
 }
 
+TEST_F(ScriptEnd, AHookForExceptionsCannotEndTheProgram)
+{
+    const auto run = runScript("import sys\ndef hook(*exception): sys.exit(0)\nsys.excepthook = hook\n"
+                               "raise ValueError('no')\n");
+
+    EXPECT_EQ(run.status, 5);
+    EXPECT_TRUE(run.errorLines().contains("ValueError: no")) << run.errors.toStdString();
+    EXPECT_TRUE(run.errorLines().last().endsWith("script.py: ValueError: no")) << run.errors.toStdString();
+    EXPECT_TRUE(run.lines().contains("pythonInit: destroy ktAnimation!")) << "the host did not end by itself";
+}
+
 TEST_F(ScriptEnd, WhatComesAfterAFailureIsNotDone)
 {
     const auto run = kt::test::runHeadless(
