@@ -149,8 +149,14 @@ void Scripting::run(const ScriptAction& action)
 
 Interpreter& Scripting::interpreter()
 {
-    if (_interpreter)
-        return *_interpreter;
+    if (!_interpreter)
+        startInterpreter();
+    _interpreter->announce();
+    return *_interpreter;
+}
+
+void Scripting::startInterpreter()
+{
     const QDir folder(QCoreApplication::applicationDirPath());
     try {
         _interpreter =
@@ -163,8 +169,6 @@ Interpreter& Scripting::interpreter()
         _closed = QObject::connect(qApp, &QGuiApplication::lastWindowClosed, [this] { interrupt(); });
     }
     _interpreter->setListener(_listener);
-    _interpreter->announce();
-    return *_interpreter;
 }
 
 bool Scripting::isRunning() const

@@ -44,7 +44,7 @@ public:
     /// be read (BadFile), fails (ScriptFailed) or is interrupted (Interrupted).
     void run(const ScriptAction& action);
 
-    /// Started where it was not yet. Throws HostError (ScriptFailed) where that fails.
+    /// Started where it was not yet, and with the modules of all plug-ins that are loaded by now. Throws HostError (ScriptFailed) where that fails.
     Interpreter& interpreter();
 
     bool isRunning() const;
@@ -57,6 +57,8 @@ public:
 
 private:
     class Services;
+
+    void startInterpreter();
 
     std::unique_ptr<Services> _services;
     QMetaObject::Connection _closed;           ///< Closing the window ends a script that runs in it.

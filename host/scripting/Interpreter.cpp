@@ -17,6 +17,8 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <cstring>
+#include <memory>
 #include <stdexcept>
 
 namespace kthost
@@ -27,6 +29,7 @@ namespace
 namespace py = boost::python;
 
 Interpreter* current = nullptr;
+bool isAnnouncing = false; ///< The callbacks of ktPythonInit are being told, whose statements tell nobody.
 
 PyObject* namesOfScripts()
 {
@@ -41,11 +44,13 @@ py::object scriptNames()
 /// What scripts have made goes; what makes the namespace one stays.
 void forgetScriptNames()
 {
-    const py::object names = scriptNames();
-    const py::list present(names.attr("keys")());
-    for (py::stl_input_iterator<std::string> name(present), end; name != end; ++name) {
-        if (name->compare(0, 2, "__") != 0)
-            names.attr("pop")(*name);
+    PyObject* names = namesOfScripts();
+    const py::handle<> present(PyDict_Keys(names));
+    for (Py_ssize_t i = 0; i < PyList_GET_SIZE(present.get()); ++i) {
+        PyObject* name = PyList_GET_ITEM(present.get(), i);
+        const bool isPythons = PyString_Check(name) && std::strncmp(PyString_AS_STRING(name), "__", 2) == 0;
+        if (!isPythons && PyDict_DelItem(names, name) != 0)
+            PyErr_Clear(); // a key with a will of its own, or the end of another took it along
     }
 }
 
@@ -71,6 +76,7 @@ void startPython(const QString& home)
 
 bool runForModules(const char* statement)
 {
+    current->announce();
     const ScriptOutcome outcome = current->runStatement(statement);
     return outcome.kind == ScriptOutcome::Done;
 }
@@ -149,7 +155,9 @@ Interpreter::~Interpreter()
     // Scripts first, which may use the modules to the last.
     runExitFunctions();
     run(forgetScriptNames);
+    isAnnouncing = true;
     ktPythonInit::notify(true);
+    isAnnouncing = false;
     reportLeftError("the end of a module");
     run([] { py::import("gc").attr("collect")(); });
     ScriptStreams::finishLines();
@@ -162,7 +170,11 @@ Interpreter::~Interpreter()
 
 void Interpreter::announce()
 {
+    if (isAnnouncing)
+        return;
+    isAnnouncing = true;
     ktPythonInit::notify(false);
+    isAnnouncing = false;
     reportLeftError("the start of a module");
 }
 

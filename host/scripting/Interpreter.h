@@ -48,7 +48,8 @@ public:
     Interpreter(const Interpreter&) = delete;
     Interpreter& operator=(const Interpreter&) = delete;
 
-    /// Brings the modules of plug-ins that were loaded since the last time into the interpreter.
+    /// Brings the modules of plug-ins that were loaded since the last time into the interpreter; to be called
+    /// before each use. Statements of plug-ins do so themselves.
     void announce();
 
     /// Runs a file as Python's own command line does: sys.argv holds the file and `arguments`, sys.path its

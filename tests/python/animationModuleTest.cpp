@@ -28,6 +28,18 @@ TEST_F(AnimationModule, IsThereByNameAndItsFunctionsWithoutPrefix)
                            "True", "True"}));
 }
 
+TEST_F(AnimationModule, IsThereTooWhenTheInterpreterIsOlderThanThePlugin)
+{
+    const auto run = kt::test::runHeadless(
+        {"--plugin", KT_EAGER_PLUGIN, "--plugin", KT_PLUGIN_FILE, kt::test::exampleScene("door.wrl"),
+         "--send", "eagerStatement=Door", "--script", script("print early, getAnimations()")});
+
+    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+    EXPECT_EQ(run.lines(),
+              (QStringList{"['Door', 'Fan']", "7 ['Door', 'Fan']", "pythonInit: destroy ktAnimation!"}))
+        << run.errors.toStdString();
+}
+
 TEST_F(AnimationModule, DocstringsAreTheTextsAlone)
 {
     EXPECT_EQ(printed(R"(
@@ -102,13 +114,17 @@ resetAnimation("Door"); show()
 
 TEST_F(AnimationModule, TheNameMayBeGivenByKeyword)
 {
-    EXPECT_EQ(printed((std::string(showDoor) + R"(
-for function in (startAnimation, stopAnimation, pauseAnimation, continueAnimation, resetAnimation, toggleAnimation):
+    // A step apart, so that each leaves a state of its own.
+    EXPECT_EQ(
+        printed((std::string(showDoor) + R"(
+for function in (startAnimation, stopAnimation, continueAnimation, pauseAnimation, toggleAnimation, resetAnimation):
     assert function(name="Door") is None
-show()
+    show()
+    ktHost.advance(0.25)
 )")
-                          .c_str()),
-              QStringList{"True False 0.0 0.0 0.0"});
+                    .c_str()),
+        (QStringList{"True False 0.0 0.0 0.0", "False False 0.25 0.0 0.25", "True False 0.5 0.25 0.25",
+                     "False False 0.75 0.25 0.5", "True False 1.0 0.5 0.5", "False True 1.25 1.25 0.0"}));
 }
 
 TEST_F(AnimationModule, ANameThatNobodyHasIsPassedOver)

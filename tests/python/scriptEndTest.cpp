@@ -107,6 +107,20 @@ TEST_F(ScriptEnd, ExitFunctionsRunAndFilesAreWritten)
     EXPECT_EQ(out.readAll(), "kept");
 }
 
+TEST_F(ScriptEnd, EverythingThatScriptsMadeGoesWhateverItsName)
+{
+    QStringList lines =
+        printed("class Thing(object):\n"
+                "    def __init__(self, name): self.name = name\n"
+                "    def __del__(self, out=__import__('sys').stdout): out.write(self.name + ' goes\\n')\n"
+                "for i in range(8): globals()[i] = Thing('of a number')\n"
+                "globals()[u'T\\xfcr'] = Thing('of unicode')\nname = Thing('of a name')\n");
+
+    EXPECT_EQ(lines.removeAll("of a number goes"), 8);
+    lines.sort();
+    EXPECT_EQ(lines, (QStringList{"of a name goes", "of unicode goes"}));
+}
+
 TEST_F(ScriptEnd, AMissingScriptEndsWithStatusThree)
 {
     const auto run = kt::test::runHeadless({"--script", "/no/such/script.py"});
