@@ -18,15 +18,29 @@ namespace py = boost::python;
 
 constexpr int lowByte = 0xff; // all that the system keeps of an exit status
 
-/// `str(value)` on one line; what cannot be said so is left out.
-std::string textOf(PyObject* value)
+/// `str(value)` as bytes, or the UTF-8 of `unicode(value)` where it is none; what cannot be said so is left
+/// out.
+std::string bytesOf(PyObject* value)
 {
-    PyObject* text = value ? PyObject_Str(value) : nullptr;
-    const char* bytes = text ? PyString_AsString(text) : nullptr;
-    const QString line = QString::fromUtf8(bytes).simplified();
+    PyObject* text = PyObject_Str(value);
+    if (!text) {
+        PyErr_Clear();
+        PyObject* unicode = PyObject_Unicode(value);
+        text = unicode ? PyUnicode_AsUTF8String(unicode) : nullptr;
+        Py_XDECREF(unicode);
+    }
+    std::string bytes;
+    if (text)
+        bytes.assign(PyString_AS_STRING(text), static_cast<std::size_t>(PyString_GET_SIZE(text)));
     Py_XDECREF(text);
     PyErr_Clear();
-    return line.toStdString();
+    return bytes;
+}
+
+/// On one line.
+std::string textOf(PyObject* value)
+{
+    return value ? QString::fromStdString(bytesOf(value)).simplified().toStdString() : std::string();
 }
 
 std::string describe(PyObject* type, PyObject* value)
@@ -39,6 +53,17 @@ std::string describe(PyObject* type, PyObject* value)
     return text.empty() ? name : name + ": " + text;
 }
 
+/// On what is sys.stderr now. PySys_WriteStderr() would cut long texts off.
+void printError(const std::string& text)
+{
+    PyObject* errors = PySys_GetObject(const_cast<char*>("stderr"));
+    PyObject* bytes = PyString_FromStringAndSize(text.data(), static_cast<Py_ssize_t>(text.size()));
+    if (errors && bytes)
+        PyFile_WriteObject(bytes, errors, Py_PRINT_RAW);
+    Py_XDECREF(bytes);
+    PyErr_Clear();
+}
+
 /// Of SystemExit: nothing is 0, a number itself, anything else is printed and 1; as in any Python.
 int exitStatus(PyObject* exception)
 {
@@ -49,7 +74,7 @@ int exitStatus(PyObject* exception)
     if (code && (PyInt_Check(code) || PyLong_Check(code))) {
         status = static_cast<int>(PyInt_AsUnsignedLongMask(code) & lowByte);
     } else if (code && code != Py_None) {
-        PySys_WriteStderr("%s\n", textOf(code).c_str());
+        printError(bytesOf(code) + '\n');
         status = 1;
     }
     Py_XDECREF(code);

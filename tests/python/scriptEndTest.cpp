@@ -51,6 +51,25 @@ TEST_F(ScriptEnd, ASyntaxErrorIsAFailure)
     EXPECT_TRUE(run.errorLines().last().contains("SyntaxError")) << run.errors.toStdString();
 }
 
+TEST_F(ScriptEnd, TextsBeyondAsciiArePrintedAsUtf8)
+{
+    const auto failure = runScript("raise ValueError(u'T\\xfcr')");
+    EXPECT_EQ(failure.status, 5);
+    EXPECT_TRUE(failure.errorLines().last().endsWith(QString::fromUtf8("script.py: ValueError: T\xc3\xbcr")))
+        << failure.errors.toStdString();
+    EXPECT_TRUE(runScript("raise ValueError('T\\xc3\\xbcr')").errors.endsWith("ValueError: T\xc3\xbcr\n"));
+
+    const auto farewell = runScript("import sys; sys.exit(u'T\\xfcr')");
+    EXPECT_EQ(farewell.status, 1);
+    EXPECT_EQ(farewell.errors, "T\xc3\xbcr\n");
+}
+
+TEST_F(ScriptEnd, AFarewellIsPrintedWhole)
+{
+    EXPECT_EQ(runScript("import sys; sys.exit('a' * 5000 + '\\n  b')").errors,
+              QByteArray(5000, 'a') + "\n  b\n");
+}
+
 TEST_F(ScriptEnd, AHookForExceptionsCannotEndTheProgram)
 {
     const auto run = runScript("import sys\ndef hook(*exception): sys.exit(0)\nsys.excepthook = hook\n"
