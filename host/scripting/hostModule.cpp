@@ -126,8 +126,10 @@ py::dict project()
         ktController::deliver(message);
         message.remove("_loading");
         py::dict attributes;
-        for (const auto& [key, value] : message.attributes())
-            attributes[py::str(key.data(), key.size())] = toPython(value);
+        for (const auto& [key, value] : message.attributes()) {
+            if (message.isPersistent(key))
+                attributes[py::str(key.data(), key.size())] = toPython(value);
+        }
         return attributes;
     });
 }

@@ -103,6 +103,14 @@ TEST_F(HostModule, TheProjectHoldsWhatModulesWouldSave)
               QStringList{"{'Animations': ['Door', '', '', '', 'Fan', '', '', '']}"});
 }
 
+TEST_F(HostModule, TheProjectHoldsNothingThatIsNotSaved)
+{
+    const auto run = kt::test::runHeadless(
+        {"--plugin", KT_EAGER_PLUGIN, "--script", script("import ktHost\nprint ktHost.project()\n")});
+
+    EXPECT_EQ(run.lines(), QStringList{"{'lasting': 2}"}) << run.errors.toStdString();
+}
+
 TEST_F(HostModule, SelectsNodesByTheirNames)
 {
     EXPECT_EQ(
