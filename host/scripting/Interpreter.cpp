@@ -106,7 +106,8 @@ py::object completerModule()
     return completer;
 }
 
-/// sys.argv and the first entry of sys.path for as long as a file runs.
+/// sys.argv, __file__ and, for as long as it lives, the first entry of sys.path. The former two stay, as with
+/// Python's own command line: functions that the script leaves behind may ask for them.
 class FileSettings
 {
 public:
@@ -124,13 +125,21 @@ public:
         scriptNames()["__file__"] = py::str(name.data(), name.size());
     }
 
-    void restore() const
+    ~FileSettings()
     {
-        const py::object path = py::import("sys").attr("path");
-        const py::str folder(_folder.data(), _folder.size());
-        if (path.contains(folder))
-            path.attr("remove")(folder);
+        const PythonErrorKeeper scripts; // its outcome
+        try {
+            const py::str folder(_folder.data(), _folder.size());
+            const py::object path = py::import("sys").attr("path");
+            if (path.contains(folder))
+                path.attr("remove")(folder);
+        } catch (const py::error_already_set&) {
+            PyErr_Clear(); // the script made something else of sys.path
+        }
     }
+
+    FileSettings(const FileSettings&) = delete;
+    FileSettings& operator=(const FileSettings&) = delete;
 
 private:
     std::string _folder;
@@ -181,7 +190,7 @@ void Interpreter::announce()
 ScriptOutcome Interpreter::runFile(const QString& file, const std::vector<std::string>& arguments)
 {
     const QByteArray name = QFile::encodeName(file);
-    std::FILE* opened = std::fopen(name.constData(), "rb");
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> opened(std::fopen(name.constData(), "rb"), &std::fclose);
     if (!opened) {
         ScriptOutcome outcome;
         outcome.kind = ScriptOutcome::Failed;
@@ -191,9 +200,7 @@ ScriptOutcome Interpreter::runFile(const QString& file, const std::vector<std::s
     return run([&] {
         const FileSettings settings(file, arguments);
         PyObject* names = namesOfScripts();
-        PyObject* result = PyRun_FileEx(opened, name.constData(), Py_file_input, names, names, 1);
-        const PythonErrorKeeper error; // while the settings go back
-        settings.restore();
+        PyObject* result = PyRun_FileEx(opened.release(), name.constData(), Py_file_input, names, names, 1);
         Py_XDECREF(result);
     });
 }

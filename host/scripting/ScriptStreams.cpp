@@ -6,7 +6,12 @@
 
 #include <boost/python.hpp>
 
+#include <QCoreApplication>
+
 #include <iostream>
+#include <mutex>
+#include <thread>
+#include <utility>
 
 #include <unistd.h>
 
@@ -21,6 +26,62 @@ ScriptStreams::Listener& listener()
 {
     static auto* const instance = new ScriptStreams::Listener;
     return *instance;
+}
+
+/// What the threads of scripts printed, until the GUI thread comes for it.
+class Inbox
+{
+public:
+    /// To be made on the GUI thread.
+    Inbox() : _guiThread(std::this_thread::get_id()) {}
+
+    bool isOnGuiThread() const { return std::this_thread::get_id() == _guiThread; }
+
+    /// Has the GUI thread call collect() as soon as it processes events.
+    void put(std::function<void()> call)
+    {
+        const std::lock_guard<std::mutex> lock(_mutex);
+        _calls.push_back(std::move(call));
+        if (_calls.size() == 1 && qApp)
+            QMetaObject::invokeMethod(
+                qApp, [this] { collect(); }, Qt::QueuedConnection);
+    }
+
+    /// GUI thread. Calls all, in the order in which they came.
+    void collect()
+    {
+        for (const std::function<void()>& call : takeAll())
+            call();
+    }
+
+private:
+    std::vector<std::function<void()>> takeAll()
+    {
+        const std::lock_guard<std::mutex> lock(_mutex);
+        return std::exchange(_calls, {});
+    }
+
+    const std::thread::id _guiThread;
+    std::mutex _mutex;
+    std::vector<std::function<void()>> _calls;
+};
+
+// Never destroyed: Python may print until the process is gone.
+Inbox& inbox()
+{
+    static auto* const instance = new Inbox;
+    return *instance;
+}
+
+/// The log and the listener are for the GUI thread alone. What came before on other threads is done first.
+void onGuiThread(std::function<void()> call)
+{
+    if (!inbox().isOnGuiThread()) {
+        inbox().put(std::move(call));
+        return;
+    }
+    inbox().collect();
+    call();
 }
 
 /// What scripts see as sys.stdout or sys.stderr: as much of a file as print and the standard library ask for.
@@ -39,7 +100,7 @@ public:
     void flush()
     {
         if (_isError)
-            finishLine();
+            onGuiThread([this] { finishLine(); });
         else
             std::cout.flush();
     }
@@ -60,6 +121,11 @@ private:
     {
         if (!_isError)
             std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
+        onGuiThread([this, text] { tell(text); });
+    }
+
+    void tell(const std::string& text)
+    {
         if (listener())
             listener()(text, _isError);
         std::size_t begin = 0;
@@ -86,7 +152,7 @@ private:
     std::string _line; ///< Not ended yet.
 };
 
-// Never destroyed: Python may print until the process is gone.
+// Never destroyed, either.
 Stream& output()
 {
     static auto* const instance = new Stream(false);
@@ -103,6 +169,7 @@ Stream& errors()
 
 void ScriptStreams::install()
 {
+    inbox();
     py::object streamClass =
         py::class_<Stream, boost::noncopyable>("HostStream", "A stream of the host's.", py::no_init)
             .def("write", &Stream::write)
@@ -126,6 +193,7 @@ void ScriptStreams::install()
 
 void ScriptStreams::finishLines()
 {
+    inbox().collect();
     output().finishLine();
     std::cout.flush();
     errors().finishLine();

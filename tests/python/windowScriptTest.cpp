@@ -13,10 +13,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTimer>
+
+#include <thread>
 
 namespace
 {
@@ -39,6 +42,11 @@ protected:
             return error.status();
         }
         return ExitStatus::Done;
+    }
+
+    static int openFiles()
+    {
+        return QDir("/proc/self/fd").entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size();
     }
 
     QTemporaryDir folder;
@@ -123,6 +131,28 @@ TEST_F(WindowScript, StatementsOfModulesShareTheNamespaceAndTellOfFailures)
               log.lines().end());
 }
 
+TEST_F(WindowScript, AScriptThatBreaksTheModulePathIsHeardOfAndLeavesNoFileOpen)
+{
+    EXPECT_EQ(run("import sys\nkept, sys.path = sys.path, None\nraise ValueError('mine')\n"),
+              ExitStatus::ScriptFailed);
+    EXPECT_EQ(log.lines().back(), "error: ValueError: mine");
+    const int before = openFiles();
+
+    EXPECT_EQ(run("pass"), ExitStatus::ScriptFailed) << "there is no module path to put its folder on";
+
+    EXPECT_EQ(openFiles(), before);
+    EXPECT_TRUE(ktScript::run("sys.path = kept[1:]"));
+    EXPECT_EQ(run("pass"), ExitStatus::Done);
+}
+
+TEST_F(WindowScript, WhereItCameFromOutlastsAScriptButItsFolderIsNoLongerOnTheModulePath)
+{
+    EXPECT_EQ(run("import os, sys\nassert os.path.dirname(__file__) in sys.path\n"), ExitStatus::Done);
+
+    EXPECT_TRUE(ktScript::run("assert sys.argv == [__file__] and os.path.basename(__file__) == 'script.py'"));
+    EXPECT_TRUE(ktScript::run("assert os.path.dirname(__file__) not in sys.path"));
+}
+
 TEST_F(WindowScript, WhatIsPrintedIsInTheLogLineByLine)
 {
     EXPECT_EQ(run("pass"), ExitStatus::Done);
@@ -136,6 +166,51 @@ TEST_F(WindowScript, WhatIsPrintedIsInTheLogLineByLine)
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "one\ntwo\nthree");
     EXPECT_EQ(log.lines(),
               (std::vector<std::string>{"info: one", "info: two", "error: four", "info: three"}));
+}
+
+TEST_F(WindowScript, WhatThreadsPrintIsHeardOfOnTheGuiThreadInTheOrderPrinted)
+{
+    std::string heard;
+    bool isOnGuiThread = true;
+    scripting.setListener([&, gui = std::this_thread::get_id()](const std::string& text, bool) {
+        isOnGuiThread = isOnGuiThread && std::this_thread::get_id() == gui;
+        heard += text;
+    });
+
+    EXPECT_EQ(run("import sys, threading\n"
+                  "def talk():\n    print 'two'\n    print >>sys.stderr, 'three'\n"
+                  "print 'one'\nthread = threading.Thread(target=talk)\nthread.start()\nthread.join()\n"
+                  "print 'four'\nthread = threading.Thread(target=talk)\nthread.start()\nthread.join()\n"),
+              ExitStatus::Done);
+
+    EXPECT_TRUE(isOnGuiThread);
+    EXPECT_EQ(heard, "one\ntwo\nthree\nfour\ntwo\nthree\n");
+    EXPECT_EQ(log.lines(), (std::vector<std::string>{"info: one", "info: two", "error: three", "info: four",
+                                                     "info: two", "error: three"}));
+}
+
+TEST_F(WindowScript, WhatAThreadPrintsIsHeardOfWhileTheScriptSaysNothing)
+{
+    scripting.setListener([&](const std::string& text, bool) {
+        if (text == "enough")
+            scripting.interrupt();
+    });
+
+    EXPECT_EQ(run("import sys, threading\n"
+                  "threading.Thread(target=lambda: sys.stdout.write('enough')).start()\n"
+                  "for i in xrange(100000000): pass\n"),
+              ExitStatus::Interrupted);
+}
+
+TEST_F(WindowScript, AThreadStandsStillBetweenScripts)
+{
+    EXPECT_EQ(run("import threading\ngo, gone = threading.Event(), threading.Event()\n"
+                  "def wait():\n    go.wait()\n    gone.set()\n"
+                  "threading.Thread(target=wait).start()\n"),
+              ExitStatus::Done)
+        << "it is not waited for";
+
+    EXPECT_EQ(run("assert not gone.is_set()\ngo.set()\ngone.wait()\n"), ExitStatus::Done);
 }
 
 TEST_F(WindowScript, TypedStatementsAreRunWhenTheyAreWhole)
