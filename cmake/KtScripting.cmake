@@ -47,7 +47,7 @@ target_compile_definitions(ktBoostPython
     # Its headers of this age tell of others that have moved since.
     PUBLIC BOOST_BIND_GLOBAL_PLACEHOLDERS BOOST_ALLOW_DEPRECATED_HEADERS)
 # Not ours, so not by our rules; Python 2's own headers ask for the second.
-target_compile_options(ktBoostPython PRIVATE -w -fno-strict-aliasing)
+target_compile_options(ktBoostPython PRIVATE -w -fno-strict-aliasing -g0)
 target_link_libraries(ktBoostPython PUBLIC Boost::headers PRIVATE KtPython2::Python)
 set_target_properties(ktBoostPython PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}

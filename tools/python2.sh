@@ -42,18 +42,18 @@ make_python2()
     [ -r "$kt_debian_keyring" ] || { echo "no keyring $kt_debian_keyring to check it against" >&3; return 1; }
     mapfile -t mirrors < <(apt_mirrors)
     [ ${#mirrors[@]} -gt 0 ] || { echo "apt has no Debian mirror set up" >&3; return 1; }
-    rm -rf "$kt_python2"/{ready,prefix,boost,work}
+    rm -rf "$kt_python2"/{ready,prefix,boost,fetched}
     : >"$kt_python2/log"
     say "fetching Python 2.7 and the sources of Boost.Python (once, into build/python2)"
     for mirror in "${mirrors[@]}"; do
         if fetch_python2 "$mirror" && unpack_python2; then
-            rm -rf "$kt_python2/work"
+            rm -rf "$kt_python2/fetched"
             python2_recipe >"$kt_python2/ready"
             return 0
         fi
         tried+="${tried:+, }$mirror"
     done >>"$kt_python2/log" 2>&1
-    rm -rf "$kt_python2/work"
+    rm -rf "$kt_python2/fetched"
     echo "tried the suite $kt_python2_suite of $tried: $(python2_reason)" >&3
     return 1
 }
@@ -117,10 +117,10 @@ mirrors_of_stanzas()
         END { finish() }'
 }
 
-# fetch_python2 MIRROR: the packages and the source archive, into build/python2/work.
+# fetch_python2 MIRROR: the packages and the source archive, into build/python2/fetched.
 fetch_python2()
 {
-    local work=$kt_python2/work
+    local work=$kt_python2/fetched
     rm -rf "$work"
     mkdir -p "$work"/{state/lists/partial,cache/archives/partial,files} || return 1
     : >"$work/status"
@@ -155,11 +155,11 @@ CONF
     (cd "$work/files" && private_apt source --download-only --tar-only boost1.74)
 }
 
-private_apt() { apt-get -q -y -c "$kt_python2/work/apt.conf" -o Dpkg::Use-Pty=0 "$@"; }
+private_apt() { apt-get -q -y -c "$kt_python2/fetched/apt.conf" -o Dpkg::Use-Pty=0 "$@"; }
 
 unpack_python2()
 {
-    local files=$kt_python2/work/files package
+    local files=$kt_python2/fetched/files package
     mkdir -p "$kt_python2/prefix" "$kt_python2/boost" || return 1
     for package in "$files"/*.deb; do
         [ ! -e "$package" ] || dpkg -x "$package" "$kt_python2/prefix" || return 1

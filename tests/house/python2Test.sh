@@ -53,8 +53,8 @@ expect_status 0
 expect_made
 expect_call "deb [signed-by=$KT_DEBIAN_KEYRING] http://good.example/debian bullseye main"
 expect_call "deb-src [signed-by=$KT_DEBIAN_KEYRING] http://good.example/debian bullseye main"
-expect_call "Dir::State \"$tree/build/python2/work/state\";"
-expect_call "Dir::Cache \"$tree/build/python2/work/cache\";"
+expect_call "Dir::State \"$tree/build/python2/fetched/state\";"
+expect_call "Dir::Cache \"$tree/build/python2/fetched/cache\";"
 expect_call "Dir::Etc::SourceParts \"/dev/null\";"
 expect_call "#clear APT::Update::Post-Invoke;"
 expect_call "source --download-only --tar-only boost1.74"

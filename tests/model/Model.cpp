@@ -2,6 +2,7 @@
 
 #include <Qt>
 
+#include <algorithm>
 #include <map>
 
 namespace kt::test
@@ -58,6 +59,14 @@ Model::Record* Model::find(const QString& name)
             return &record;
     }
     return nullptr;
+}
+
+void Model::removeFirst(const QString& name)
+{
+    const auto isSought = [&](const Record& record) { return record.name == name; };
+    const auto found = std::find_if(_records.begin(), _records.end(), isSought);
+    if (found != _records.end())
+        _records.erase(found);
 }
 
 void Model::run(Sensor& sensor, double elapsed) const
@@ -128,15 +137,8 @@ void Model::scan()
         if (!find(name))
             _records.push_back({name, {}, {}, {}});
     }
-    for (const QString& name : gone) {
-        const QString sought = fromUtf8(latin1(name));
-        for (auto record = _records.begin(); record != _records.end(); ++record) {
-            if (record->name == sought) {
-                _records.erase(record);
-                break;
-            }
-        }
-    }
+    for (const QString& name : gone)
+        removeFirst(fromUtf8(latin1(name)));
     _current = nullptr;
     showList();
     showProperties();
@@ -193,15 +195,8 @@ void Model::forSelected(Operation operation)
 
 void Model::removeSelected()
 {
-    for (const int row : selected) {
-        const QString sought = fromUtf8(latin1(rows[row]));
-        for (auto record = _records.begin(); record != _records.end(); ++record) {
-            if (record->name == sought) {
-                _records.erase(record);
-                break;
-            }
-        }
-    }
+    for (const int row : selected)
+        removeFirst(fromUtf8(latin1(rows[row])));
     _current = nullptr;
     showList();
     showProperties();

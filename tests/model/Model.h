@@ -106,6 +106,7 @@ private:
     template <class Action>
     void forSensors(const std::string& name, Action action);
     Record* find(const QString& name);
+    void removeFirst(const QString& name);
     void run(Sensor& sensor, double elapsed) const;
     void showList();
     void showProperties();

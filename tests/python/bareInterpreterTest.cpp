@@ -1,10 +1,7 @@
 // The plug-in in interpreters that are not the host's: started by the test, and a Python program of its own.
-#include "tests/support/PluginFixture.h"
+#include "tests/python/BarePython.h"
 
 #include <kt/ktPythonInit.h>
-#include <kt/ktScript.h>
-
-#include <boost/python.hpp>
 
 #include <QFile>
 #include <QProcess>
@@ -13,39 +10,9 @@
 namespace
 {
 
-std::vector<std::string> statements;
-
-bool record(const char* statement)
-{
-    statements.emplace_back(statement);
-    return true;
-}
-
-/// The plug-in is in this process, and so is Python, for good; nothing of a host's scripting is.
-class BareInterpreter : public kt::test::PluginFixture
+class BareInterpreter : public kt::test::BarePython
 {
 protected:
-    BareInterpreter()
-    {
-        if (!Py_IsInitialized()) {
-            static char home[] = KT_PYTHON_HOME;
-            Py_SetPythonHome(home);
-            Py_InitializeEx(0);
-        }
-        init();
-        statements.clear();
-        ktScript::setRunner(record);
-    }
-
-    ~BareInterpreter() override
-    {
-        ktScript::setRunner(nullptr);
-        PyDict_DelItemString(PyImport_GetModuleDict(), "ktAnimation");
-        PyErr_Clear();
-    }
-
-    static PyObject* loadedModule() { return PyDict_GetItemString(PyImport_GetModuleDict(), "ktAnimation"); }
-
     /// `repr` of the expression's value, or of the exception.
     static std::string value(const char* expression)
     {
@@ -84,7 +51,7 @@ TEST_F(BareInterpreter, TheInitFunctionMakesTheModule)
     EXPECT_EQ(value("__import__('ktAnimation').getAnimations.__doc__.splitlines()[0]"),
               "'Returns all animations.'");
     EXPECT_EQ(value("__import__('ktAnimation').startAnimation(name='Nobody')"), "None");
-    EXPECT_TRUE(statements.empty());
+    EXPECT_TRUE(statements().empty());
 }
 
 TEST_F(BareInterpreter, WhenItIsReadyTheModuleIsMadeAndImported)
@@ -94,7 +61,7 @@ TEST_F(BareInterpreter, WhenItIsReadyTheModuleIsMadeAndImported)
     ktPythonInit::notify(false);
 
     EXPECT_NE(loadedModule(), nullptr);
-    EXPECT_EQ(statements, imports);
+    EXPECT_EQ(statements(), imports);
     ktPythonInit::notify(true);
 }
 
@@ -107,12 +74,12 @@ TEST_F(BareInterpreter, ASecondStartOnlyImportsAgain)
     ktPythonInit::notify(true);
     EXPECT_EQ(printed.text(), "pythonInit: destroy ktAnimation!\n");
     EXPECT_NE(loadedModule(), nullptr) << "the end changes nothing";
-    EXPECT_EQ(statements, imports);
+    EXPECT_EQ(statements(), imports);
 
     ktPythonInit::notify(false);
     std::vector<std::string> twice = imports;
     twice.insert(twice.end(), imports.begin(), imports.end());
-    EXPECT_EQ(statements, twice);
+    EXPECT_EQ(statements(), twice);
     PyObject* present = PyObject_GetAttrString(loadedModule(), "startAnimation");
     EXPECT_EQ(present, made) << "a second module would have functions of its own";
     Py_XDECREF(present);

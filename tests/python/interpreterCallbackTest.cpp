@@ -1,52 +1,21 @@
 // The plug-in's callback for the interpreter itself, without the host's bookkeeping of whom it told what.
-#include "tests/support/PluginFixture.h"
+#include "tests/python/BarePython.h"
 
 #include <kt/ktPythonInit.h>
-#include <kt/ktScript.h>
-
-#include <boost/python.hpp>
 
 namespace
 {
 
 ktPythonInit::Callback callback = nullptr;
-std::vector<std::string> statements;
 
-bool record(const char* statement)
-{
-    statements.emplace_back(statement);
-    return true;
-}
-
-class InterpreterCallback : public kt::test::PluginFixture
+class InterpreterCallback : public kt::test::BarePython
 {
 protected:
-    InterpreterCallback()
-    {
-        if (!Py_IsInitialized()) {
-            static char home[] = KT_PYTHON_HOME;
-            Py_SetPythonHome(home);
-            Py_InitializeEx(0);
-        }
-        init();
-        statements.clear();
-        ktScript::setRunner(record);
-    }
-
-    ~InterpreterCallback() override
-    {
-        ktScript::setRunner(nullptr);
-        PyDict_DelItemString(PyImport_GetModuleDict(), "ktAnimation");
-        PyErr_Clear();
-    }
-
     void SetUp() override
     {
         PluginFixture::SetUp();
         ASSERT_NE(callback, nullptr) << "the plug-in registers none";
     }
-
-    static PyObject* loadedModule() { return PyDict_GetItemString(PyImport_GetModuleDict(), "ktAnimation"); }
 };
 
 } // namespace
@@ -65,7 +34,7 @@ TEST_F(InterpreterCallback, AnEndBeforeAnyStartIsOnlyTold)
     callback(true);
 
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "pythonInit: destroy ktAnimation!\n");
-    EXPECT_TRUE(statements.empty());
+    EXPECT_TRUE(statements().empty());
     EXPECT_EQ(loadedModule(), nullptr);
 }
 
@@ -79,7 +48,7 @@ TEST_F(InterpreterCallback, ASecondStartInARowMakesNoSecondModuleAndImportsAgain
 
     callback(false);
 
-    EXPECT_EQ(statements, twice);
+    EXPECT_EQ(statements(), twice);
     const boost::python::handle<> present(PyObject_GetAttrString(loadedModule(), "startAnimation"));
     EXPECT_EQ(present.get(), made.get()) << "a second module would have functions of its own";
 }
