@@ -44,7 +44,8 @@ public:
     /// be read (BadFile), fails (ScriptFailed) or is interrupted (Interrupted).
     void run(const ScriptAction& action);
 
-    /// Started where it was not yet, and with the modules of all plug-ins that are loaded by now. Throws HostError (ScriptFailed) where that fails.
+    /// Started where it was not yet, and with the modules of all plug-ins that are loaded by now. Throws
+    /// HostError (ScriptFailed) where that fails.
     Interpreter& interpreter();
 
     bool isRunning() const;
