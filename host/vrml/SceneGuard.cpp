@@ -22,7 +22,8 @@ namespace
 /// What the program may need beyond its own limit to tell that it was reached.
 constexpr double graceSeconds = 5.0;
 
-constexpr int noInput = STDIN_FILENO;
+/// Where the program has its end of the socket.
+constexpr int programEnd = STDIN_FILENO;
 
 std::string notRunning(int error)
 {
@@ -40,7 +41,7 @@ int spawn(const std::string& program, const ReadLimits& limits, int socket, pid_
                                    brackets.c_str(), wordBytes.c_str(), nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, socket, noInput);
+    posix_spawn_file_actions_adddup2(&actions, socket, programEnd);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     const int error = posix_spawn(&process, program.c_str(), &actions, nullptr,
