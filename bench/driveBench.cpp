@@ -7,13 +7,8 @@
 #include <osg/Name.h>
 #include <osg/PThreadBase.h>
 #include <osg/TimeSensor.h>
-#include <qkt/QKTDockWindowManager.h>
 
 #include <benchmark/benchmark.h>
-
-#include <QApplication>
-#include <QLibrary>
-#include <QMainWindow>
 
 #include <memory>
 
@@ -75,22 +70,3 @@ void toggle(benchmark::State& state)
 
 BENCHMARK(start)->Arg(1000)->Arg(10000)->Arg(100000);
 BENCHMARK(toggle)->Arg(1000)->Arg(10000)->Arg(100000);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QMainWindow window;
-    QKTDockWindowManager docks(&window);
-    ktController::setMainWindow(&window, &docks);
-    QLibrary plugin(QStringLiteral(KT_PLUGIN_FILE));
-    const auto init = reinterpret_cast<void (*)()>(plugin.resolve("initPlugin"));
-    if (!init) {
-        qCritical("%s", qPrintable(plugin.errorString()));
-        return 1;
-    }
-    init();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -7,14 +7,10 @@
 #include <kt/ktScenegraph.h>
 #include <osg/Name.h>
 #include <osg/TimeSensor.h>
-#include <qkt/QKTDockWindowManager.h>
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QLibrary>
 #include <QListWidget>
-#include <QMainWindow>
 
 namespace
 {
@@ -106,23 +102,3 @@ void sceneChange(benchmark::State& state)
 BENCHMARK(bareList)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(panelList)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(sceneChange)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QMainWindow window;
-    QKTDockWindowManager docks(&window);
-    ktController::setMainWindow(&window, &docks);
-    QLibrary plugin(QStringLiteral(KT_PLUGIN_FILE));
-    const auto init = reinterpret_cast<void (*)()>(plugin.resolve("initPlugin"));
-    if (!init) {
-        qCritical("%s", qPrintable(plugin.errorString()));
-        return 1;
-    }
-    init();
-    window.show();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

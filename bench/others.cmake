@@ -12,12 +12,12 @@ target_compile_definitions(startupBench PRIVATE
 add_dependencies(startupBench startupProbe ktAnimation)
 
 # Driving animations through the built plug-in.
-kt_add_bench(NAME driveBench SOURCES driveBench.cpp LIBRARIES kt::Host Qt5::Widgets)
+kt_add_bench(NAME driveBench SOURCES driveBench.cpp support/pluginMain.cpp LIBRARIES kt::Host Qt5::Widgets)
 target_compile_definitions(driveBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
 add_dependencies(driveBench ktAnimation)
 
 # The panel's list, through the built plug-in.
-kt_add_bench(NAME listBench SOURCES listBench.cpp LIBRARIES kt::Host Qt5::Widgets)
+kt_add_bench(NAME listBench SOURCES listBench.cpp support/pluginMain.cpp LIBRARIES kt::Host Qt5::Widgets)
 target_compile_definitions(listBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
 add_dependencies(listBench ktAnimation)
 
@@ -33,6 +33,6 @@ endif()
 kt_add_bench(NAME treeBench SOURCES treeBench.cpp LIBRARIES kthostApp)
 
 # Settings in project files, through the built plug-in.
-kt_add_bench(NAME settingsBench SOURCES settingsBench.cpp LIBRARIES kthostApp)
+kt_add_bench(NAME settingsBench SOURCES settingsBench.cpp support/pluginMain.cpp LIBRARIES kthostApp)
 target_compile_definitions(settingsBench PRIVATE KT_PLUGIN_FILE="$<TARGET_FILE:ktAnimation>")
 add_dependencies(settingsBench ktAnimation)

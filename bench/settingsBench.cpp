@@ -4,18 +4,13 @@
 #include "host/app/ProjectMessage.h"
 #include "host/project/ProjectFile.h"
 
-#include <kt/ktController.h>
 #include <kt/ktFileIO.h>
-#include <qkt/QKTDockWindowManager.h>
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QLibrary>
-#include <QMainWindow>
 #include <QTemporaryDir>
 
 #include <string>
@@ -134,24 +129,3 @@ BENCHMARK(save)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(bareRead)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(load)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(pluginLoad)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QMainWindow window;
-    QKTDockWindowManager docks(&window);
-    ktController::setMainWindow(&window, &docks);
-    QLibrary plugin(QStringLiteral(KT_PLUGIN_FILE));
-    const auto init = reinterpret_cast<void (*)()>(plugin.resolve("initPlugin"));
-    if (!init) {
-        std::fprintf(stderr, "%s\n", qPrintable(plugin.errorString()));
-        return 1;
-    }
-    init();
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
