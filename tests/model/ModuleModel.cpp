@@ -1,4 +1,4 @@
-#include "tests/model/Model.h"
+#include "tests/model/ModuleModel.h"
 
 #include <Qt>
 
@@ -27,13 +27,13 @@ QString fromUtf8(const std::string& text)
 
 } // namespace
 
-void Model::Box::show(const QString& text)
+void ModuleModel::Box::show(const QString& text)
 {
     if (items.contains(text))
         shown = text;
 }
 
-Model::Model()
+ModuleModel::ModuleModel(SceneModel& scene) : _scene(scene)
 {
     const QStringList modifiers{"", "Shift", "Ctrl", "Alt", "Shift-Ctrl", "Shift-Alt", "Alt-Ctrl"};
     QStringList keys{""};
@@ -43,16 +43,7 @@ Model::Model()
     panel.startKey.items = panel.stopKey.items = keys;
 }
 
-template <class Action>
-void Model::forSensors(const std::string& name, Action action)
-{
-    for (Node& node : scene) {
-        if (node.isSensor && node.name == name)
-            action(node.sensor);
-    }
-}
-
-Model::Record* Model::find(const QString& name)
+ModuleModel::Record* ModuleModel::find(const QString& name)
 {
     for (Record& record : _records) {
         if (record.name == name)
@@ -61,7 +52,7 @@ Model::Record* Model::find(const QString& name)
     return nullptr;
 }
 
-void Model::removeFirst(const QString& name)
+void ModuleModel::removeFirst(const QString& name)
 {
     const auto isSought = [&](const Record& record) { return record.name == name; };
     const auto found = std::find_if(_records.begin(), _records.end(), isSought);
@@ -69,53 +60,7 @@ void Model::removeFirst(const QString& name)
         _records.erase(found);
 }
 
-void Model::run(Sensor& sensor, double elapsed) const
-{
-    sensor.time = now;
-    sensor.startTime = now - elapsed;
-    sensor.isActive = true;
-    sensor.isStopped = false;
-}
-
-void Model::start(const std::string& name)
-{
-    forSensors(name, [this](Sensor& sensor) { run(sensor, 0.0); });
-}
-
-void Model::stop(const std::string& name)
-{
-    forSensors(name, [](Sensor& sensor) { sensor.isActive = false; });
-}
-
-void Model::resume(const std::string& name)
-{
-    forSensors(name, [this](Sensor& sensor) {
-        if (!sensor.isActive)
-            run(sensor, sensor.time - sensor.startTime);
-    });
-}
-
-void Model::toggle(const std::string& name)
-{
-    forSensors(name, [this](Sensor& sensor) {
-        if (sensor.isActive)
-            sensor.isActive = false;
-        else
-            run(sensor, sensor.time - sensor.startTime);
-    });
-}
-
-void Model::reset(const std::string& name)
-{
-    forSensors(name, [this](Sensor& sensor) {
-        sensor.time = sensor.startTime = now;
-        sensor.fraction = 0.0F;
-        sensor.isActive = false;
-        sensor.isStopped = true;
-    });
-}
-
-void Model::clear()
+void ModuleModel::clear()
 {
     _records.clear();
     _current = nullptr;
@@ -124,19 +69,23 @@ void Model::clear()
     showProperties();
 }
 
-void Model::scan()
+void ModuleModel::scan()
 {
-    std::list<QString> gone;
+    std::set<const Record*> unmatched;
     for (const Record& record : _records)
-        gone.push_back(record.name);
-    for (const Node& node : scene) {
-        if (!node.isSensor)
+        unmatched.insert(&record);
+    for (const SceneModel::Node& node : _scene.nodes) {
+        if (!node.isSensor())
             continue;
-        const QString name = fromUtf8(node.name);
-        gone.remove(name);
-        if (!find(name))
+        const QString name = fromUtf8(node.name());
+        if (const Record* const known = find(name))
+            unmatched.erase(known);
+        else
             _records.push_back({name, {}, {}, {}});
     }
+    QStringList gone;
+    for (const Record* record : unmatched)
+        gone << record->name;
     for (const QString& name : gone)
         removeFirst(fromUtf8(latin1(name)));
     _current = nullptr;
@@ -144,7 +93,7 @@ void Model::scan()
     showProperties();
 }
 
-void Model::load(const std::vector<std::string>& strings)
+void ModuleModel::load(const std::vector<std::string>& strings)
 {
     _records.clear();
     _current = nullptr;
@@ -157,7 +106,7 @@ void Model::load(const std::vector<std::string>& strings)
     showProperties();
 }
 
-std::vector<std::string> Model::saved() const
+std::vector<std::string> ModuleModel::saved() const
 {
     std::vector<std::string> strings;
     for (const Record& record : _records) {
@@ -168,17 +117,30 @@ std::vector<std::string> Model::saved() const
     return strings;
 }
 
-void Model::pressKey(int key, int modifiers)
+bool ModuleModel::pressKey(int key, int modifiers)
 {
+    bool isHit = false;
     for (const Record& record : _records) {
-        if (record.start.key == key && record.start.modifiers == modifiers)
-            start(latin1(record.name));
-        else if (record.stop.key == key && record.stop.modifiers == modifiers)
-            toggle(latin1(record.name));
+        const bool starts = record.start.key == key && record.start.modifiers == modifiers;
+        const bool stops = record.stop.key == key && record.stop.modifiers == modifiers;
+        if (starts)
+            _scene.start(latin1(record.name));
+        else if (stops)
+            _scene.toggle(latin1(record.name));
+        isHit = isHit || starts || stops;
     }
+    return isHit;
 }
 
-void Model::select(const std::set<int>& chosen)
+std::vector<std::string> ModuleModel::latin1Names() const
+{
+    std::vector<std::string> names;
+    for (const Record& record : _records)
+        names.push_back(latin1(record.name));
+    return names;
+}
+
+void ModuleModel::select(const std::set<int>& chosen)
 {
     if (chosen == selected)
         return;
@@ -187,22 +149,56 @@ void Model::select(const std::set<int>& chosen)
     showProperties();
 }
 
-void Model::forSelected(Operation operation)
+std::vector<std::string> ModuleModel::selectedNames() const
 {
+    std::vector<std::string> names;
     for (const int row : selected)
-        (this->*operation)(latin1(rows[row]));
+        names.push_back(latin1(rows[row]));
+    return names;
 }
 
-void Model::removeSelected()
+void ModuleModel::startSelected()
 {
-    for (const int row : selected)
-        removeFirst(fromUtf8(latin1(rows[row])));
+    for (const std::string& name : selectedNames()) {
+        _scene.start(name);
+        printed += "Playing " + name + '\n';
+    }
+}
+
+void ModuleModel::forSelected(SceneModel::Operation operation)
+{
+    for (const std::string& name : selectedNames())
+        (_scene.*operation)(name);
+}
+
+void ModuleModel::showSelectedNodes()
+{
+    _scene.select(selectedNames(), false);
+}
+
+void ModuleModel::removeSelected()
+{
+    for (const std::string& name : selectedNames())
+        removeFirst(fromUtf8(name));
     _current = nullptr;
     showList();
     showProperties();
 }
 
-void Model::showList()
+void ModuleModel::renameRow(int row, const QString& text)
+{
+    rows[row] = text;
+    if (!_current)
+        return;
+    const std::string before = latin1(_current->name);
+    _current->name = text;
+    for (std::size_t place = 0; place < _scene.nodes.size(); ++place) {
+        if (_scene.nodes[place].isSensor() && _scene.nodes[place].name() == before)
+            _scene.rename(place, utf8(text));
+    }
+}
+
+void ModuleModel::showList()
 {
     rows.clear();
     selected.clear();
@@ -210,7 +206,7 @@ void Model::showList()
         rows << record.name;
 }
 
-void Model::showProperties()
+void ModuleModel::showProperties()
 {
     panel.isEnabled = _current != nullptr;
     if (!_current) {
@@ -222,11 +218,12 @@ void Model::showProperties()
     panel.startModifier.show(_current->start.text.section(' ', 0, 0));
     panel.startKey.show(_current->start.text.section(' ', 1, 1));
     typeComment(_current->comment);
-    forSensors(utf8(_current->name),
-               [this](const Sensor& sensor) { panel.cycleInterval = sensor.cycleInterval; });
+    _scene.forSensors(utf8(_current->name), [this](const SceneModel::Sensor& sensor) {
+        panel.cycleInterval = sensor.cycleInterval;
+    });
 }
 
-void Model::typeComment(const QString& text)
+void ModuleModel::typeComment(const QString& text)
 {
     if (text == panel.comment)
         return;
@@ -235,38 +232,42 @@ void Model::typeComment(const QString& text)
         _current->comment = fromUtf8(latin1(text));
 }
 
-void Model::chooseStart()
+void ModuleModel::chooseStart()
 {
     if (_current)
         _current->start = hotkeyOf(panel.startModifier.shown + ' ' + panel.startKey.shown);
 }
 
-void Model::chooseStop()
+void ModuleModel::chooseStop()
 {
     if (_current)
         _current->stop = hotkeyOf(panel.stopModifier.shown + ' ' + panel.stopKey.shown);
 }
 
-void Model::setCycleInterval(double value)
+void ModuleModel::setCycleInterval(double turned)
 {
+    const double value = std::max(turned, 0.0);
     if (value == panel.cycleInterval)
         return;
     panel.cycleInterval = value;
     if (_current)
-        forSensors(utf8(_current->name), [value](Sensor& sensor) { sensor.cycleInterval = value; });
+        _scene.forSensors(utf8(_current->name),
+                          [value](SceneModel::Sensor& sensor) { sensor.cycleInterval = value; });
 }
 
-void Model::setFraction(double value)
+void ModuleModel::setFraction(double turned)
 {
+    const double value = std::min(std::max(turned, 0.0), 1.0);
     if (value == panel.fraction)
         return;
     panel.fraction = value;
     if (_current)
-        forSensors(utf8(_current->name),
-                   [value](Sensor& sensor) { sensor.fraction = static_cast<float>(value); });
+        _scene.forSensors(utf8(_current->name), [value](SceneModel::Sensor& sensor) {
+            sensor.fraction = static_cast<float>(value);
+        });
 }
 
-Model::Hotkey Model::hotkeyOf(const QString& text)
+ModuleModel::Hotkey ModuleModel::hotkeyOf(const QString& text)
 {
     static const std::map<QString, int> words{{"SHIFT", 0x02000000},     {"CTRL", 0x04000000},
                                               {"ALT", 0x08000000},       {"SHIFT-CTRL", 0x06000000},

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/model/SceneModel.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -13,26 +15,9 @@ namespace kt::test
 
 /// What the module is to do, said once more in the plainest way, to be compared with what it does. It shares
 /// nothing with the module but Qt's conversions of texts.
-class Model
+class ModuleModel
 {
 public:
-    struct Sensor
-    {
-        double time = 0.0;
-        double startTime = 0.0;
-        double cycleInterval = 1.0;
-        float fraction = 0.0F;
-        bool isActive = false;
-        bool isStopped = false;
-    };
-
-    struct Node
-    {
-        std::string name;
-        bool isSensor;
-        Sensor sensor;
-    };
-
     struct Hotkey
     {
         QString text;
@@ -65,16 +50,7 @@ public:
         bool isEnabled = false; ///< The comment and the four boxes.
     };
 
-    using Operation = void (Model::*)(const std::string& name);
-
-    Model();
-
-    // Playback: by name, in the scene.
-    void start(const std::string& name);
-    void stop(const std::string& name);
-    void toggle(const std::string& name);
-    void resume(const std::string& name);
-    void reset(const std::string& name);
+    explicit ModuleModel(SceneModel& scene);
 
     // Messages.
     void clear();
@@ -82,12 +58,19 @@ public:
     void load(const std::vector<std::string>& strings);
     std::vector<std::string> saved() const;
 
-    void pressKey(int key, int modifiers);
+    /// Whether a hotkey was hit.
+    bool pressKey(int key, int modifiers);
+
+    /// What scripts get as the list of animations.
+    std::vector<std::string> latin1Names() const;
 
     // The list. Rows are given by their numbers.
     void select(const std::set<int>& rows);
-    void forSelected(Operation operation);
+    void startSelected();
+    void forSelected(SceneModel::Operation operation);
+    void showSelectedNodes();
     void removeSelected();
+    void renameRow(int row, const QString& text);
 
     // The frames.
     void typeComment(const QString& text);
@@ -96,22 +79,20 @@ public:
     void setCycleInterval(double value);
     void setFraction(double value);
 
-    std::vector<Node> scene;
-    double now = 0.0;
     QStringList rows;
     std::set<int> selected;
     Panel panel;
+    std::string printed;
 
 private:
-    template <class Action>
-    void forSensors(const std::string& name, Action action);
     Record* find(const QString& name);
     void removeFirst(const QString& name);
-    void run(Sensor& sensor, double elapsed) const;
+    std::vector<std::string> selectedNames() const;
     void showList();
     void showProperties();
     static Hotkey hotkeyOf(const QString& text);
 
+    SceneModel& _scene;
     std::list<Record> _records;
     Record* _current = nullptr;
 };
