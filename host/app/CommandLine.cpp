@@ -66,8 +66,7 @@ QSize size(const QString& word, const QString& option)
     const bool isSize = sides.size() == 2 && isWidth && isHeight && size.width() > 0 && size.height() > 0;
     if (!isSize || size.width() > longestSide || size.height() > longestSide)
         refuse(option, QStringLiteral("'%1' is no size such as 1280x800, at most %2 pixels a side")
-                           .arg(text(word))
-                           .arg(longestSide));
+                           .arg(text(word), QString::number(longestSide)));
     return size;
 }
 

@@ -135,7 +135,7 @@ QString shown(QStringList path)
 
 ProjectError errorAt(const QString& file, const JsonPlace& place, const QString& why)
 {
-    return ProjectError(QStringLiteral("%1:%2:%3: ").arg(file).arg(place.line).arg(place.column) + why);
+    return ProjectError(file + QStringLiteral(":%1:%2: ").arg(place.line).arg(place.column) + why);
 }
 
 } // namespace

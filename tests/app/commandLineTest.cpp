@@ -130,6 +130,14 @@ TEST(CommandLine, RefusesValuesThatAreOff)
     refusalOf({"--screenshot", ""});
 }
 
+TEST(CommandLine, RepeatsAValueThatIsOffAsItIs)
+{
+    EXPECT_NE(
+        refusalOf({"--size", "%1x%2"}).find("'%1x%2' is no size such as 1280x800, at most 16384 pixels"),
+        std::string::npos);
+    EXPECT_NE(refusalOf({"--run", "%2"}).find("'%2' is no number from 0"), std::string::npos);
+}
+
 TEST(CommandLine, HelpAndVersionWinOverTheRest)
 {
     EXPECT_TRUE(parse({"--help", "--run", "soon"}).wantsHelp);

@@ -40,6 +40,16 @@ TEST(BrokenProject, WhatIsNoJsonIsRefusedAtItsPlace)
     EXPECT_EQ(refusal("[]"), "p.ktproj:1:1: the document is no object");
 }
 
+TEST(BrokenProject, TheFileIsCalledByItsNameWhateverThatHolds)
+{
+    try {
+        ProjectFormat::fromJson("[]", "%2 %1.ktproj");
+        ADD_FAILURE() << "it was taken";
+    } catch (const ProjectError& error) {
+        EXPECT_STREQ(error.what(), "%2 %1.ktproj:1:1: the document is no object");
+    }
+}
+
 TEST(BrokenProject, ANewerOneIsRefusedWhateverElseItHolds)
 {
     EXPECT_EQ(
