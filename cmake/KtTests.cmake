@@ -13,6 +13,10 @@ function(kt_configure_test_code target)
         # Looks for undefined behaviour in what is tested, not in the tests: there it would take most of the build.
         target_compile_options(${target} PRIVATE -fno-sanitize=undefined)
     endif()
+    if(CMAKE_UNITY_BUILD)
+        # A fixture of an unnamed namespace is then no longer of the main file.
+        target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+    endif()
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${target} PRIVATE GTest::gmock Qt5::Test Qt5::Widgets)
 endfunction()

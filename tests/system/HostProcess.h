@@ -58,6 +58,12 @@ inline HostRun runHeadless(QStringList words)
     return runHost(words);
 }
 
+/// The words that let so many seconds of simulation pass.
+inline QStringList runFor(const char* seconds)
+{
+    return {QStringLiteral("--run"), QLatin1String(seconds)};
+}
+
 inline QString exampleScene(const char* name)
 {
     return QStringLiteral(KT_EXAMPLES_DIR "/scenes/") + QLatin1String(name);

@@ -9,6 +9,7 @@
 
 using kt::test::exampleScene;
 using kt::test::HostRun;
+using kt::test::runFor;
 using kt::test::runHeadless;
 
 namespace
@@ -58,44 +59,41 @@ const QStringList toggle{"--send", "animationToggle=Door"};
 const QStringList stop{"--send", "animationStop=Door"};
 const QStringList stopFan{"--send", "animationStop=Fan"};
 
-QStringList run(const char* seconds)
-{
-    return {"--run", QLatin1String(seconds)};
-}
-
 } // namespace
 
 TEST_F(Picture, AStartedDoorMoves)
 {
-    EXPECT_GT(difference(after(stopFan), after(stopFan + start + run("0.5"))), clearlyMoved);
+    EXPECT_GT(difference(after(stopFan), after(stopFan + start + runFor("0.5"))), clearlyMoved);
 }
 
 TEST_F(Picture, TheFinalFractionReachesThePicture)
 {
-    const QImage atTheEnd = after(stopFan + start + run("1"));
+    const QImage atTheEnd = after(stopFan + start + runFor("1"));
 
-    EXPECT_GT(difference(after(stopFan + start + run("0.5")), atTheEnd), clearlyMoved);
-    EXPECT_EQ(difference(after(stopFan + start + run("7")), atTheEnd), 0) << "the end pose is held";
+    EXPECT_GT(difference(after(stopFan + start + runFor("0.5")), atTheEnd), clearlyMoved);
+    EXPECT_EQ(difference(after(stopFan + start + runFor("7")), atTheEnd), 0) << "the end pose is held";
 }
 
 TEST_F(Picture, AHaltedDoorStandsStillAndGoesOnFromThere)
 {
-    const QImage half = after(stopFan + start + run("0.5"));
+    const QImage half = after(stopFan + start + runFor("0.5"));
 
-    EXPECT_EQ(difference(after(stopFan + start + run("0.5") + stop + run("3")), half), 0);
+    EXPECT_EQ(difference(after(stopFan + start + runFor("0.5") + stop + runFor("3")), half), 0);
     EXPECT_EQ(
-        difference(after(stopFan + start + run("0.25") + toggle + run("3") + toggle + run("0.25")), half), 0);
+        difference(after(stopFan + start + runFor("0.25") + toggle + runFor("3") + toggle + runFor("0.25")),
+                   half),
+        0);
 }
 
 TEST_F(Picture, ResetMovesThePictureOfASensorThatDoesNotRun)
 {
-    EXPECT_EQ(difference(after(stopFan + start + run("0.5") + stop + resetDoor), after(stopFan)), 0);
-    EXPECT_EQ(difference(after(stopFan + start + run("2") + resetDoor + run("1")), after(stopFan)), 0);
+    EXPECT_EQ(difference(after(stopFan + start + runFor("0.5") + stop + resetDoor), after(stopFan)), 0);
+    EXPECT_EQ(difference(after(stopFan + start + runFor("2") + resetDoor + runFor("1")), after(stopFan)), 0);
 }
 
 TEST_F(Picture, TwoRunsGiveTheSamePicture)
 {
-    EXPECT_EQ(after(start + run("0.4")), after(start + run("0.4")));
+    EXPECT_EQ(after(start + runFor("0.4")), after(start + runFor("0.4")));
 }
 
 TEST_F(Picture, FramesAreNumberedPicturesOfEachStep)

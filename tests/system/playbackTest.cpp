@@ -9,6 +9,7 @@
 
 using kt::test::exampleScene;
 using kt::test::HostRun;
+using kt::test::runFor;
 using kt::test::runHeadless;
 
 namespace
@@ -58,45 +59,40 @@ QStringList send(const char* message)
     return {"--send", QStringLiteral("animation%1=Door").arg(QLatin1String(message))};
 }
 
-QStringList run(const char* seconds)
-{
-    return {"--run", QLatin1String(seconds)};
-}
-
 /// Started at 1 and halted at 1.25, with the clock at 2.
 QStringList halted()
 {
-    return run("1") + send("Start") + run("0.25") + send("Stop") + run("0.75");
+    return runFor("1") + send("Start") + runFor("0.25") + send("Stop") + runFor("0.75");
 }
 
 /// Started at 1, with the clock at 1.25.
 QStringList running()
 {
-    return run("1") + send("Start") + run("0.25");
+    return runFor("1") + send("Start") + runFor("0.25");
 }
 
 /// Reset at 1.25 out of a run, with the clock at 2.
 QStringList wasReset()
 {
-    return running() + send("Reset") + run("0.75");
+    return running() + send("Reset") + runFor("0.75");
 }
 
 } // namespace
 
 TEST(Playback, StartedForHalfACycleIsAtFractionOneHalf)
 {
-    EXPECT_EQ(doorAfter(send("Start") + run("0.5")), (Sensor{true, false, 0.5, 0.0, 0.5}));
+    EXPECT_EQ(doorAfter(send("Start") + runFor("0.5")), (Sensor{true, false, 0.5, 0.0, 0.5}));
 }
 
 TEST(Playback, AFinishedRunHoldsTheEndPose)
 {
-    EXPECT_EQ(doorAfter(send("Start") + run("1")), (Sensor{false, false, 1.0, 0.0, 1.0}));
-    EXPECT_EQ(doorAfter(send("Start") + run("3")), (Sensor{false, false, 1.0, 0.0, 1.0}));
+    EXPECT_EQ(doorAfter(send("Start") + runFor("1")), (Sensor{false, false, 1.0, 0.0, 1.0}));
+    EXPECT_EQ(doorAfter(send("Start") + runFor("3")), (Sensor{false, false, 1.0, 0.0, 1.0}));
 }
 
 TEST(Playback, WaitsAfterLoading)
 {
-    EXPECT_EQ(doorAfter(run("2")), (Sensor{false, false, 0.0, 0.0, 0.0}));
+    EXPECT_EQ(doorAfter(runFor("2")), (Sensor{false, false, 0.0, 0.0, 0.0}));
 }
 
 TEST(Playback, StartRestartsFromAnyState)
@@ -104,13 +100,13 @@ TEST(Playback, StartRestartsFromAnyState)
     EXPECT_EQ(doorAfter(running() + send("Start")), (Sensor{true, false, 1.25, 1.25, 0.25}));
     EXPECT_EQ(doorAfter(halted() + send("Start")), (Sensor{true, false, 2.0, 2.0, 0.25}));
     EXPECT_EQ(doorAfter(wasReset() + send("Start")), (Sensor{true, false, 2.0, 2.0, 0.0}));
-    EXPECT_EQ(doorAfter(running() + send("Start") + run("0.5")), (Sensor{true, false, 1.75, 1.25, 0.5}));
+    EXPECT_EQ(doorAfter(running() + send("Start") + runFor("0.5")), (Sensor{true, false, 1.75, 1.25, 0.5}));
 }
 
 TEST(Playback, StopAndPauseHaltAndKeepTheElapsedTime)
 {
     for (const char* message : {"Stop", "Pause"}) {
-        EXPECT_EQ(doorAfter(running() + send(message) + run("1")), (Sensor{false, false, 1.25, 1.0, 0.25}))
+        EXPECT_EQ(doorAfter(running() + send(message) + runFor("1")), (Sensor{false, false, 1.25, 1.0, 0.25}))
             << message;
         EXPECT_EQ(doorAfter(halted() + send(message)), (Sensor{false, false, 1.25, 1.0, 0.25})) << message;
         EXPECT_EQ(doorAfter(wasReset() + send(message)), (Sensor{false, true, 1.25, 1.25, 0.0})) << message;
@@ -120,7 +116,8 @@ TEST(Playback, StopAndPauseHaltAndKeepTheElapsedTime)
 TEST(Playback, ContinueResumesAtTheElapsedTimeOfTheHalt)
 {
     EXPECT_EQ(doorAfter(halted() + send("Continue")), (Sensor{true, false, 2.0, 1.75, 0.25}));
-    EXPECT_EQ(doorAfter(halted() + send("Continue") + run("0.25")), (Sensor{true, false, 2.25, 1.75, 0.5}));
+    EXPECT_EQ(doorAfter(halted() + send("Continue") + runFor("0.25")),
+              (Sensor{true, false, 2.25, 1.75, 0.5}));
     EXPECT_EQ(doorAfter(wasReset() + send("Continue")), (Sensor{true, false, 2.0, 2.0, 0.0}));
 }
 
@@ -131,15 +128,15 @@ TEST(Playback, ContinueLeavesARunningSensorAlone)
 
 TEST(Playback, ToggleHaltsAndResumes)
 {
-    EXPECT_EQ(doorAfter(running() + send("Toggle") + run("1")), (Sensor{false, false, 1.25, 1.0, 0.25}));
+    EXPECT_EQ(doorAfter(running() + send("Toggle") + runFor("1")), (Sensor{false, false, 1.25, 1.0, 0.25}));
     EXPECT_EQ(doorAfter(halted() + send("Toggle")), (Sensor{true, false, 2.0, 1.75, 0.25}));
-    EXPECT_EQ(doorAfter(wasReset() + send("Toggle") + run("0.5")), (Sensor{true, false, 2.5, 2.0, 0.5}));
+    EXPECT_EQ(doorAfter(wasReset() + send("Toggle") + runFor("0.5")), (Sensor{true, false, 2.5, 2.0, 0.5}));
 }
 
 TEST(Playback, ResetPutsTheSensorBackFromAnyState)
 {
     const Sensor back{false, true, 2.0, 2.0, 0.0};
-    EXPECT_EQ(doorAfter(running() + run("0.75") + send("Reset")), back);
+    EXPECT_EQ(doorAfter(running() + runFor("0.75") + send("Reset")), back);
     EXPECT_EQ(doorAfter(halted() + send("Reset")), back);
     EXPECT_EQ(doorAfter(wasReset() + send("Reset")), back);
 }

@@ -14,7 +14,7 @@ namespace kthost
 namespace
 {
 
-constexpr int margin = 4;
+constexpr int lineMargin = 4;
 constexpr int progressWidth = 160;
 
 /// Where the steps of an opening begin on the progress bar, in percent: about what they take with large
@@ -70,7 +70,7 @@ StatusLine::StatusLine(QStatusBar* bar)
       _progress(new QProgressBar(bar))
 {
     _scene->setTextFormat(Qt::PlainText);
-    _scene->setContentsMargins(margin, 0, margin, 0);
+    _scene->setContentsMargins(lineMargin, 0, lineMargin, 0);
     _scene->setMinimumWidth(1); // a long name is no reason for a wide window
     _warnings->setAutoRaise(true);
     _warnings->setIcon(bar->style()->standardIcon(QStyle::SP_MessageBoxWarning));
@@ -78,9 +78,10 @@ StatusLine::StatusLine(QStatusBar* bar)
     _warnings->setFocusPolicy(Qt::TabFocus);
     _warnings->setToolTip(tr("Show the log"));
     _warnings->hide();
-    _time->setContentsMargins(margin, 0, margin, 0);
+    _time->setContentsMargins(lineMargin, 0, lineMargin, 0);
     _time->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    _time->setMinimumWidth(_time->fontMetrics().horizontalAdvance(QStringLiteral("00000.0 s")) + 2 * margin);
+    _time->setMinimumWidth(_time->fontMetrics().horizontalAdvance(QStringLiteral("00000.0 s")) +
+                           2 * lineMargin);
     _time->setToolTip(tr("Simulation time"));
     _time->setAccessibleName(tr("Simulation time"));
     _progress->setAccessibleName(tr("Opening"));

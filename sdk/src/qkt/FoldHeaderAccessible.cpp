@@ -39,7 +39,7 @@ private:
     FoldHeader* _header;
 };
 
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
+QAccessibleInterface* makeHeaderInterface(const QString& className, QObject* object)
 {
     auto* header = className == QLatin1String("FoldHeader") ? qobject_cast<FoldHeader*>(object) : nullptr;
     return header ? new Header(header) : nullptr;
@@ -49,7 +49,7 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 
 void FoldHeaderAccessible::install()
 {
-    static const bool installed = (QAccessible::installFactory(makeInterface), true);
+    static const bool installed = (QAccessible::installFactory(makeHeaderInterface), true);
     Q_UNUSED(installed)
 }
 

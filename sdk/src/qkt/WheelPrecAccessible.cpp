@@ -72,7 +72,7 @@ private:
     QKTWheelPrec* _field;
 };
 
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
+QAccessibleInterface* makeWheelInterface(const QString& className, QObject* object)
 {
     auto* field = className == QLatin1String("QKTWheelPrec") ? qobject_cast<QKTWheelPrec*>(object) : nullptr;
     return field ? new NumberField(field) : nullptr;
@@ -82,7 +82,7 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 
 void WheelPrecAccessible::install()
 {
-    static const bool installed = (QAccessible::installFactory(makeInterface), true);
+    static const bool installed = (QAccessible::installFactory(makeWheelInterface), true);
     Q_UNUSED(installed)
 }
 
