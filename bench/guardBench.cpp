@@ -1,83 +1,124 @@
-// What it costs to let a process of its own read a scene file first: guarded reading against unguarded, on
-// the same file, by the wall clock, since two processes take part.
-#include "bench/support/SceneFile.h"
+// What it costs to let a process of its own read a scene file first: guarded reading to unguarded, on the
+// same file, by turns, by the wall clock, since two processes take part. Each reading is in a process forked
+// for it, since the reader's library keeps the names of whatever it read and slows down with them.
+//   guardBench [--benchmark_filter=...]
+// The figures are medians: the time of the guarded loading, and the counters "bare" (ms), "guarded" (ms),
+// "ratio" and its quartiles "lower" and "upper".
+#include "bench/support/GuardScenes.h"
 #include "host/vrml/CoinLibrary.h"
+#include "host/vrml/SceneBinding.h"
+#include "host/vrml/SceneBuilder.h"
 #include "host/vrml/SceneGuard.h"
 #include "host/vrml/SceneReader.h"
 
 #include <benchmark/benchmark.h>
 
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
 #include <filesystem>
-#include <string>
+#include <vector>
 
 namespace
 {
 
 using namespace kthost;
 
-/// A recorded movement: one sensor, some 40 interpolators of many keys, as large real files are.
-std::string recording(int keys)
+constexpr int pairsOfLoadings = 31;
+
+/// In milliseconds; below 0 where the file was refused.
+double timeLoading(const std::string& path, SceneGuard* guard)
 {
-    std::string text = "#VRML V2.0 utf8\nDEF T TimeSensor { cycleInterval 10 loop TRUE }\n";
-    for (int joint = 0; joint < 40; ++joint) {
-        const std::string name = std::to_string(joint);
-        std::string times;
-        std::string values;
-        for (int key = 0; key < keys; ++key) {
-            times += std::to_string(static_cast<double>(key) / keys) + " ";
-            values += "0.577 0.577 0.577 " + std::to_string(0.001 * key) + ", ";
-        }
-        text += "DEF J" + name + " Transform { children Shape { geometry Box {} } }\nDEF I" + name +
-                " OrientationInterpolator { key [ " + times + " ] keyValue [ " + values +
-                " ] }\nROUTE T.fraction_changed TO I" + name + ".set_fraction\nROUTE I" + name +
-                ".value_changed TO J" + name + ".set_rotation\n";
+    const auto start = std::chrono::steady_clock::now();
+    SceneReading reading = SceneReader::read(path, {}, guard);
+    if (!reading)
+        return -1.0;
+    const SceneNodes nodes = SceneBuilder::build(*reading.root, reading.names);
+    const SceneBinding binding(CoinRef<SoNode>(reading.root.get()), nodes.sensors);
+    const bool isRefused = !reading.end.problem().empty();
+    const std::chrono::duration<double, std::milli> duration = std::chrono::steady_clock::now() - start;
+    return isRefused ? -1.0 : duration.count();
+}
+
+double timeElsewhere(const std::string& path, SceneGuard* guard)
+{
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0)
+        return -1.0;
+    const pid_t process = fork();
+    if (process == 0) {
+        const double duration = timeLoading(path, guard);
+        _exit(write(ends[1], &duration, sizeof duration) == sizeof duration ? 0 : 1);
     }
-    return text;
+    close(ends[1]);
+    double duration = -1.0;
+    if (read(ends[0], &duration, sizeof duration) != sizeof duration)
+        duration = -1.0;
+    close(ends[0]);
+    waitpid(process, nullptr, 0);
+    return duration;
 }
 
-bench::SceneFile fileOf(const benchmark::State& state)
+double quantile(std::vector<double> values, double part)
 {
-    const int size = static_cast<int>(state.range(1));
-    return state.range(0) == 0 ? bench::SceneFile(recording(size)) : bench::SceneFile(size, 0);
+    std::sort(values.begin(), values.end());
+    return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1))];
 }
 
-void read(benchmark::State& state, SceneGuard* guard)
-{
-    CoinLibrary::init();
-    const bench::SceneFile file = fileOf(state);
-    for (auto _ : state) {
-        SceneReading reading = SceneReader::read(file.path(), {}, guard);
-        if (!reading)
-            state.SkipWithError(reading.error.c_str());
-        state.PauseTiming(); // letting go of the scene is no part of reading it
-        reading.root = {};
-        state.ResumeTiming();
-    }
-    state.SetLabel(std::to_string(std::filesystem::file_size(file.path()) / 1000) + " kB");
-}
-
-void unguarded(benchmark::State& state)
-{
-    read(state, nullptr);
-}
-
-void guarded(benchmark::State& state)
+void guardedToBare(benchmark::State& state, const std::string& path)
 {
     SceneGuard guard(KT_SCENE_CHECK, {});
-    read(state, &guard);
+    timeElsewhere(path, &guard); // it starts in the background
+    std::vector<double> bare;
+    std::vector<double> guarded;
+    std::vector<double> ratios;
+    for (auto _ : state) {
+        bare.push_back(timeElsewhere(path, nullptr));
+        guarded.push_back(timeElsewhere(path, &guard));
+        if (bare.back() < 0.0 || guarded.back() < 0.0) {
+            state.SkipWithError("the file is refused");
+            return;
+        }
+        ratios.push_back(guarded.back() / bare.back());
+        state.SetIterationTime(guarded.back() / 1000.0);
+    }
+    state.counters["bare"] = quantile(bare, 0.5);
+    state.counters["guarded"] = quantile(guarded, 0.5);
+    state.counters["ratio"] = quantile(guarded, 0.5) / quantile(bare, 0.5);
+    state.counters["lower"] = quantile(ratios, 0.25);
+    state.counters["upper"] = quantile(ratios, 0.75);
 }
 
-// First argument 0: a recording of that many keys a joint; 1: a scene of that many sensors.
-void cases(benchmark::internal::Benchmark* bench)
+void add(const bench::GuardScene& scene)
 {
-    bench->Args({0, 80})
-        ->Args({0, 800})
-        ->Args({1, 100})
-        ->Args({1, 1000})
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
+    const auto kilobytes = std::filesystem::file_size(scene.path) / 1000;
+    benchmark::RegisterBenchmark((scene.kind + ", " + std::to_string(kilobytes) + " kB").c_str(),
+                                 guardedToBare, scene.path)
+        ->Iterations(pairsOfLoadings)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
 }
-BENCHMARK(unguarded)->Apply(cases);
-BENCHMARK(guarded)->Apply(cases);
 
 } // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    const QTemporaryDir folder;
+    CoinLibrary::init();
+    for (const bench::GuardScene& scene : bench::writeGuardScenes(folder.path().toStdString()))
+        add(scene);
+    for (const bench::GuardScene& scene : bench::realGuardScenes(KT_SCENES_DIR))
+        add(scene);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -73,6 +73,8 @@ std::unique_ptr<Session::Scene> Session::load(const QString& file)
         emit opening(OpenStep::Building, file);
         auto scene =
             std::make_unique<Scene>(file, std::move(reading), _guard ? _guard->limits() : ReadLimits());
+        if (!scene->reader.end.problem().empty())
+            throw HostError(ExitStatus::BadFile, scene->reader.end.problem());
         reportWarnings(file, *scene);
         return scene;
     } catch (const std::bad_alloc&) {

@@ -41,6 +41,13 @@ struct OpenNode
     bool isScript;
 };
 
+/// A prototype whose body is to come.
+struct Declared
+{
+    int depth; ///< How many brackets are open outside it.
+    std::string_view name;
+};
+
 class Rewriter
 {
 public:
@@ -63,6 +70,7 @@ public:
                 close();
         }
         _result.text += _text.substr(_copied);
+        _result.height = _height.height();
         return std::move(_result);
     }
 
@@ -79,7 +87,9 @@ private:
         else if (keyword == "ROUTE")
             route();
         else if (keyword == "PROTO")
-            _prototypes.push_back(_depth);
+            _prototypes.push_back({_depth, VrmlLexer(_lexer).nextWord()});
+        else if (keyword == "EXTERNPROTO")
+            _height.declareExternal(VrmlLexer(_lexer).nextWord());
     }
 
     void refuse(std::string_view where, std::string problem)
@@ -116,7 +126,13 @@ private:
         if (isScriptInside(standIn))
             replaceReference(_text.substr(offset(keyword), offset(name) + name.size() - offset(keyword)));
         else
-            replace(name, standIn);
+            useNode(name, standIn);
+    }
+
+    void useNode(std::string_view name, const std::string& standIn)
+    {
+        replace(name, standIn);
+        _height.use(standIn);
     }
 
     /// The innermost open node is a Script, and it is, or stands in, the node of this name.
@@ -174,10 +190,12 @@ private:
     void open(char c)
     {
         // Default values in a prototype's interface sit one bracket deeper than its body.
-        if (c == '{' && !_prototypes.empty() && _prototypes.back() == _depth) {
+        if (c == '{' && !_prototypes.empty() && _prototypes.back().depth == _depth) {
+            _height.openBody(_depth, _prototypes.back().name);
             _prototypes.pop_back();
             _scopes.push_back({_depth, {}});
         } else if (c == '{') {
+            _height.openNode(_depth, _word, _defined);
             _nodes.push_back({_depth, std::move(_defined), _word == "Script"});
         }
         _defined.clear();
@@ -190,9 +208,10 @@ private:
     void close()
     {
         --_depth;
+        _height.close(_depth);
         if (_scopes.size() > 1 && _scopes.back().depth >= _depth)
             _scopes.pop_back();
-        while (!_prototypes.empty() && _prototypes.back() > _depth)
+        while (!_prototypes.empty() && _prototypes.back().depth > _depth)
             _prototypes.pop_back();
         while (!_nodes.empty() && _nodes.back().depth >= _depth)
             _nodes.pop_back();
@@ -203,13 +222,14 @@ private:
     NodeNames& _names;
     const ReadLimits& _limits;
     ReaderText _result;
-    std::size_t _copied = 0;      ///< How much of the text is in the result.
-    int _depth = 0;               ///< Open brackets of both kinds.
-    std::string_view _word;       ///< The last one.
-    std::string _defined;         ///< The stand-in of the last DEF, until its braces open.
-    std::vector<int> _prototypes; ///< Depths at which a prototype's body is to come.
+    std::size_t _copied = 0; ///< How much of the text is in the result.
+    int _depth = 0;          ///< Open brackets of both kinds.
+    std::string_view _word;  ///< The last one.
+    std::string _defined;    ///< The stand-in of the last DEF, until its braces open.
+    std::vector<Declared> _prototypes;
     std::vector<Scope> _scopes;
     std::vector<OpenNode> _nodes;
+    SceneHeight _height;
 };
 
 } // namespace

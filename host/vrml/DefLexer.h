@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/vrml/ReadLimits.h"
+#include "host/vrml/SceneHeight.h"
 
 #include <string>
 #include <string_view>
@@ -16,6 +17,7 @@ struct ReaderText
     std::string text;
     std::string problem;  ///< Why the reader must not get it, in a few words; empty where it may.
     std::size_t line = 0; ///< Where the problem is, from 1.
+    SceneHeight::Height height;
 
     explicit operator bool() const { return problem.empty(); }
 };

@@ -1,5 +1,6 @@
 #include "host/vrml/NodeNames.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace kthost
@@ -8,6 +9,10 @@ namespace
 {
 
 constexpr std::string_view prefix = "ktDef";
+
+/// The same text read in two processes takes up the same bytes, whatever either read before: SceneGuard
+/// counts on it.
+constexpr std::size_t digitsOfAName = 10;
 
 std::uint64_t nextNumber = 0;
 
@@ -21,9 +26,10 @@ std::string NodeNames::add(std::string_view original)
     if (_originals.empty())
         _first = nextNumber;
     _originals.emplace_back(original);
+    const std::string number = std::to_string(nextNumber++);
     std::string standIn(prefix);
-    standIn += std::to_string(nextNumber++);
-    return standIn;
+    standIn.append(digitsOfAName - std::min(number.size(), digitsOfAName), '0');
+    return standIn += number;
 }
 
 std::size_t NodeNames::match(std::string_view text, const std::string*& original) const

@@ -16,8 +16,8 @@ class NodeNames
 public:
     NodeNames();
 
-    /// A fresh stand-in for `original`, also where that name already has one. One NodeNames at a time is
-    /// added to.
+    /// A fresh stand-in for `original`, also where that name already has one; all are of one length. One
+    /// NodeNames at a time is added to.
     std::string add(std::string_view original);
 
     /// The name behind a stand-in, byte for byte; any other text is given back as it is.

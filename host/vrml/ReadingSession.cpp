@@ -30,6 +30,10 @@ namespace
 /// end.
 constexpr std::size_t deepestFile = 64;
 
+/// What stands inside each other so far that the host lets go of in the middle of a reading that the guard
+/// ends, in nodes: letting go takes the stack, and twenty times as many have room there.
+constexpr std::size_t highestFollowed = 1000;
+
 /// What the library posts once a process, whatever the scene: about its missing script engine (SceneBuilder
 /// counts the scripts of each scene instead) and its sound. Beginnings of messages.
 constexpr std::string_view aboutTheLibrary[] = {"No script language evaluation engine available.",
@@ -72,11 +76,6 @@ const ReaderMessage* reasonOf(const std::vector<ReaderMessage>& messages)
     return reason;
 }
 
-std::string fileName(const std::string& path)
-{
-    return std::filesystem::path(path).filename().string();
-}
-
 } // namespace
 
 ReadingSession::ReadingSession(SceneReading& result, ReadingManner manner)
@@ -98,6 +97,13 @@ CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::st
                                           std::string& error)
 {
     error.clear();
+    return readFile(path, name, error);
+}
+
+CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std::string& name,
+                                              std::string& error)
+{
+    error.clear();
     std::error_code ignored;
     OpenFile file{std::filesystem::weakly_canonical(path, ignored).string(),
                   name,
@@ -116,28 +122,45 @@ CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::st
         bytes = FileBytes::readUnpacked(path, reason);
     if (bytes && bytes->empty())
         reason = "the file is empty";
-    if (!reason.empty()) {
+    // The library reads whatever it is given, other formats too, and stumbles over them somewhere.
+    if (reason.empty() && !DefLexer::isVrml97(*bytes))
+        error = located(name, 1, "it does not begin with \"#VRML V2.0 utf8\"");
+    else if (!reason.empty())
         error = name + ": " + reason;
+    if (!error.empty())
         return {};
-    }
-    return parse(*bytes, std::move(file), error);
+    return _manner.guard && _files.empty() ? parseGuarded(*bytes, std::move(file), error)
+                                           : parse(*bytes, std::move(file), error);
+}
+
+CoinRef<SoVRMLGroup> ReadingSession::parseGuarded(const std::string& bytes, OpenFile file, std::string& error)
+{
+    const std::string name = file.name;
+    SceneGuard& guard = *_manner.guard;
+    guard.check(file.path);
+    CoinRef<SoVRMLGroup> root = parse(bytes, std::move(file), error);
+    if (root && _isFollowing && guard.letsPass(SceneGuard::end - 1))
+        return root;
+    // What the text itself has against it says more, with its line.
+    if (guard.verdict().empty() || !_hasText)
+        return root;
+    error = name + ": " + guard.verdict();
+    return {};
 }
 
 CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile file, std::string& error)
 {
-    // The library reads whatever it is given, other formats too, and stumbles over them somewhere.
-    if (!DefLexer::isVrml97(bytes)) {
-        error = located(file.name, 1, "it does not begin with \"#VRML V2.0 utf8\"");
-        return {};
-    }
-    // The guard reads the file while we do what we need not be guarded from.
-    if (_manner.guard)
-        _manner.guard->check(file.path);
     const SearchFolder folder(file.folder);
+    file.start = _files.empty() ? 0 : _files.back().place();
     _files.push_back(std::move(file));
-    const std::string text = prepare(bytes, error);
-    CoinRef<SoVRMLGroup> root = error.empty() ? readText(text, error) : CoinRef<SoVRMLGroup>();
-    _files.pop_back();
+    std::string text = prepare(bytes, error);
+    const std::size_t size = text.size();
+    CoinRef<SoVRMLGroup> root = error.empty() ? readText(std::move(text), error) : CoinRef<SoVRMLGroup>();
+    // It may be the numbers that are wrong, which the guard's process leaves out: the places part here.
+    _isFollowing = _isFollowing && root;
+    closeFile(size);
+    if (_files.empty() && _isFollowing && _manner.passed)
+        _manner.passed(SceneGuard::end);
     return root;
 }
 
@@ -150,18 +173,25 @@ std::string ReadingSession::prepare(const std::string& bytes, std::string& error
     ReaderText text = DefLexer::rewrite(mended.text, _result.names, _manner.limits);
     if (!text)
         error = located(name, text.line, text.problem);
-    else if (!askGuard().empty())
-        error = name + ": " + askGuard();
     for (const MendedText::Remark& remark : mended.remarks)
         _result.warnings.add(located(name, remark.line, remark.words));
-    return _manner.isSkeleton ? SceneSkeleton::of(text.text) : std::move(text.text);
+    _height += text.height.nodes + text.height.externals * _height;
+    _isFollowing = _isFollowing && _height <= highestFollowed;
+    return std::move(text.text);
 }
 
-CoinRef<SoVRMLGroup> ReadingSession::readText(const std::string& text, std::string& error)
+CoinRef<SoVRMLGroup> ReadingSession::readText(std::string text, std::string& error)
 {
-    const bool isWholeScene = _files.size() == 1;
-    ReportingInput input(text, isWholeScene ? _manner.progress : ReadingProgress());
-    CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
+    const std::size_t size = text.size();
+    SceneSkeleton skeleton;
+    if (_manner.isSkeleton)
+        skeleton = SceneSkeleton(std::exchange(text, {}));
+    ReportingInput input(_manner.isSkeleton ? skeleton.text() : text, [&](std::size_t position) {
+        report(position, size);
+        return passes(_manner.isSkeleton ? skeleton.inWhole(position) : position);
+    });
+    _hasText = _hasText || _files.size() == 1;
+    CoinRef<SoVRMLGroup> root(passes(0) ? SoDB::readAllVRML(&input) : nullptr);
     const OpenFile& file = _files.back();
     if (!root) {
         const ReaderMessage* reason = reasonOf(file.messages);
@@ -174,20 +204,32 @@ CoinRef<SoVRMLGroup> ReadingSession::readText(const std::string& text, std::stri
     return root;
 }
 
-const std::string& ReadingSession::askGuard()
+void ReadingSession::closeFile(std::size_t bytes)
 {
-    if (SceneGuard* const guard = std::exchange(_manner.guard, nullptr))
-        _verdict = guard->verdict();
-    return _verdict;
+    const std::uint64_t end = _files.back().start + bytes;
+    _files.pop_back();
+    if (!_files.empty())
+        _files.back().start = end - _files.back().position;
 }
 
-std::string ReadingSession::whyMissing(const std::vector<std::string>& urls)
+bool ReadingSession::passes(std::size_t position)
 {
-    // The library gets these files at once, so the guard must have spoken.
-    if (!askGuard().empty())
-        return {};
-    std::string problem;
-    return findPrototype(urls, problem) ? std::string() : problem;
+    OpenFile& file = _files.back();
+    file.position = std::max(file.position, position); // which is 0 at the end of the text
+    if (_manner.passed && _isFollowing)
+        _manner.passed(file.place());
+    if (!_manner.guard)
+        return true;
+    return _isFollowing ? _manner.guard->letsPass(file.place()) : _manner.guard->verdict().empty();
+}
+
+void ReadingSession::report(std::size_t position, std::size_t size)
+{
+    const std::size_t percent = std::min<std::size_t>(position * 100 / size, 100);
+    if (!_manner.progress || _files.size() > 1 || percent <= _percent)
+        return;
+    _percent = percent;
+    _manner.progress(static_cast<double>(percent) / 100.0);
 }
 
 void ReadingSession::receive(ReaderMessage message)
@@ -201,84 +243,6 @@ void ReadingSession::receive(ReaderMessage message)
 void ReadingSession::warn(const std::string& text)
 {
     _result.warnings.add(_files.empty() ? text : _files.back().name + ": " + text);
-}
-
-void ReadingSession::fetchInline(const SbString& /*fullUrl*/, void* closure, SoVRMLInline* node)
-{
-    auto& session = *static_cast<ReadingSession*>(closure);
-    if (session._files.empty() || node->url.getNum() == 0)
-        return;
-    std::string problem;
-    for (int i = 0; i < node->url.getNum(); ++i) {
-        const LocalUrl file = LocalUrl::resolve(node->url[i].getString(), session._files.back().folder);
-        std::string error = file.problem;
-        if (!file.path.empty()) {
-            const CoinRef<SoVRMLGroup> scene = session.read(file.path, fileName(file.path), error);
-            if (scene) {
-                node->setChildData(scene.get());
-                return;
-            }
-        }
-        if (problem.empty())
-            problem = error;
-    }
-    session.warn("Inline left out: " + problem);
-}
-
-SoProto* ReadingSession::fetchPrototype(SoInput* input, const SbString* urls, int urlCount, void* closure)
-{
-    std::vector<std::string> all;
-    for (int i = 0; i < urlCount; ++i)
-        all.emplace_back(urls[i].getString());
-    std::string problem;
-    SoProto* const prototype = static_cast<ReadingSession*>(closure)->findPrototype(all, problem);
-    if (!prototype)
-        SoReadError::post(input, "EXTERNPROTO: %s", problem.c_str());
-    return prototype;
-}
-
-SoProto* ReadingSession::findPrototype(const std::vector<std::string>& urls, std::string& error)
-{
-    std::string problem = "it has no URL";
-    for (const std::string& url : urls) {
-        if (SoProto* const prototype = findPrototype(url, error))
-            return prototype;
-        if (&url == &urls.front())
-            problem = error;
-    }
-    error = problem;
-    return nullptr;
-}
-
-SoProto* ReadingSession::findPrototype(const std::string& url, std::string& error)
-{
-    const LocalUrl file = LocalUrl::resolve(url, _files.empty() ? std::string() : _files.back().folder);
-    error = file.problem;
-    const CoinRef<SoVRMLGroup> library =
-        file.path.empty() ? CoinRef<SoVRMLGroup>() : readLibrary(file.path, error);
-    if (!library)
-        return nullptr;
-    for (int i = 0; i < library->getNumChildren(); ++i) {
-        SoNode* const child = library->getChild(i);
-        if (!child->isOfType(SoProto::getClassTypeId()))
-            continue;
-        auto* const prototype = static_cast<SoProto*>(child);
-        if (file.fragment.empty() || prototype->getProtoName() == file.fragment.c_str())
-            return prototype;
-    }
-    error = "'" + url + "' has no such PROTO";
-    return nullptr;
-}
-
-CoinRef<SoVRMLGroup> ReadingSession::readLibrary(const std::string& path, std::string& error)
-{
-    const auto known = _libraries.find(path);
-    if (known != _libraries.end())
-        return known->second;
-    CoinRef<SoVRMLGroup> scene = read(path, fileName(path), error);
-    if (scene)
-        _libraries.emplace(path, scene);
-    return scene;
 }
 
 } // namespace kthost

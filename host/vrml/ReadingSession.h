@@ -3,6 +3,8 @@
 #include "host/vrml/ReaderMessages.h"
 #include "host/vrml/SceneReader.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -19,13 +21,20 @@ namespace kthost
 struct ReadingManner
 {
     ReadingProgress progress;
-    SceneGuard* guard = nullptr; ///< Asked before the library gets the first file; null for nobody.
+    SceneGuard* guard = nullptr; ///< The library gets nothing that it has not let pass; null for nobody.
     ReadLimits limits;
+    PassedPlace passed;      ///< Of the guard's own reading: tells how far that is.
     bool isSkeleton = false; ///< Without long lists of numbers.
 };
 
 /// The reading of one scene file and of the files it refers to. Takes the library's fetch callbacks while it
 /// lives.
+///
+/// Its place is how many bytes of all texts are behind it, those of files inside where they are named. The
+/// host and the guard's process read the same texts, as the library gets them, and count the same places. The
+/// library asks for a name between any two things that it does, and each time a place is passed by the
+/// guard's process before the host is let on, so that the host meets nothing first. Where that cannot be
+/// counted on, the host waits until the guard's process is done with the whole file.
 class ReadingSession
 {
 public:
@@ -46,12 +55,18 @@ private:
         std::string name; ///< For messages.
         std::string folder;
         std::vector<ReaderMessage> messages;
+        std::uint64_t start = 0;  ///< The place of its first byte; moves with each file that was read inside.
+        std::size_t position = 0; ///< In its text.
+
+        std::uint64_t place() const { return start + position; }
     };
 
     static void fetchInline(const SbString& fullUrl, void* closure, SoVRMLInline* node);
     static SoProto* fetchPrototype(SoInput* input, const SbString* urls, int urlCount, void* closure);
 
+    CoinRef<SoVRMLGroup> readFile(const std::string& path, const std::string& name, std::string& error);
     CoinRef<SoVRMLGroup> parse(const std::string& bytes, OpenFile file, std::string& error);
+    CoinRef<SoVRMLGroup> parseGuarded(const std::string& bytes, OpenFile file, std::string& error);
     CoinRef<SoVRMLGroup> readLibrary(const std::string& path, std::string& error);
     SoProto* findPrototype(const std::string& url, std::string& error);
 
@@ -62,17 +77,24 @@ private:
 
     /// The text as the library gets it; where it must not get it, `error` says why.
     std::string prepare(const std::string& bytes, std::string& error);
-    CoinRef<SoVRMLGroup> readText(const std::string& text, std::string& error);
+    CoinRef<SoVRMLGroup> readText(std::string text, std::string& error);
 
-    /// What the guard has against the first file; empty where it has nothing.
-    const std::string& askGuard();
+    /// The file opened last has ended, and was of this many bytes.
+    void closeFile(std::size_t bytes);
+
+    /// The library has read this much of the text of the file opened last; false where it must not go on.
+    bool passes(std::size_t position);
+    void report(std::size_t position, std::size_t size);
 
     /// Why none of an EXTERNPROTO's URLs gives it; empty where one does.
     std::string whyMissing(const std::vector<std::string>& urls);
 
     SceneReading& _result;
-    ReadingManner _manner; ///< Its guard is null once it was asked.
-    std::string _verdict;
+    ReadingManner _manner;
+    bool _hasText = false;    ///< The library was to get the first file.
+    bool _isFollowing = true; ///< The guard's process can be followed, as far as is known.
+    std::size_t _height = 0;  ///< Of all scenes so far, on top of each other.
+    std::size_t _percent = 0; ///< Of the first file's text, as was reported.
     ReaderMessages _messages;
     std::vector<OpenFile> _files;                           ///< Being read, each named by the one before it.
     std::map<std::string, CoinRef<SoVRMLGroup>> _libraries; ///< EXTERNPROTO files by path, read once each.

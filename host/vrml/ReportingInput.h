@@ -1,23 +1,25 @@
 #pragma once
 
-#include "host/vrml/SceneReader.h"
-
 #include <Inventor/SoInput.h>
 
-#include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <utility>
 
 namespace kthost
 {
 
-/// Says while the library reads it how far that is. The library asks for a name at least once a node.
+/// Asks while the library reads it whether it may go on. The library asks for a name at least once a node and
+/// once a field; where it must not go on, the text ends there.
 class ReportingInput : public SoInput
 {
 public:
-    ReportingInput(const std::string& text, ReadingProgress progress)
-        : _size(text.size()), _step(text.size() / 100 + 1), _progress(std::move(progress))
+    /// Told how many bytes are read.
+    using Gate = std::function<bool(std::size_t bytes)>;
+
+    /// `text` must outlive this.
+    ReportingInput(const std::string& text, Gate gate) : _gate(std::move(gate))
     {
         setBuffer(text.data(), text.size());
     }
@@ -25,19 +27,24 @@ public:
     using SoInput::read;
     SbBool read(SbName& name, SbBool validIdent) override
     {
-        const std::size_t done = _progress ? getNumBytesRead() : 0;
-        if (done >= _next) {
-            _next = done + _step;
-            _progress(std::min(static_cast<double>(done) / static_cast<double>(_size), 1.0));
-        }
-        return SoInput::read(name, validIdent);
+        return isOpen() ? SoInput::read(name, validIdent) : FALSE;
     }
 
+    SbBool read(char& c) override { return _isOver ? FALSE : SoInput::read(c); }
+    SbBool read(char& c, SbBool skip) override { return _isOver ? FALSE : SoInput::read(c, skip); }
+    SbBool read(SbString& text) override { return _isOver ? FALSE : SoInput::read(text); }
+    SbBool get(char& c) override { return _isOver ? FALSE : SoInput::get(c); }
+    SbBool eof() const override { return _isOver ? TRUE : SoInput::eof(); }
+
 private:
-    std::size_t _size;
-    std::size_t _step;
-    std::size_t _next = _step;
-    ReadingProgress _progress;
+    bool isOpen()
+    {
+        _isOver = _isOver || !_gate(getNumBytesRead());
+        return !_isOver;
+    }
+
+    Gate _gate;
+    bool _isOver = false;
 };
 
 } // namespace kthost

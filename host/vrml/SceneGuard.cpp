@@ -1,5 +1,8 @@
 #include "host/vrml/SceneGuard.h"
 
+#include "host/vrml/CheckChannel.h"
+#include "host/vrml/CheckProgress.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -7,10 +10,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -22,16 +27,20 @@ namespace
 /// What the program may need beyond its own limit to tell that it was reached.
 constexpr double graceSeconds = 5.0;
 
-/// Where the program has its end of the socket.
-constexpr int programEnd = STDIN_FILENO;
+/// How far the check is to be ahead before a host that had to wait goes on: each wait costs more than reading
+/// a few lines.
+constexpr std::uint64_t headStart = 8192;
+
+/// Above the descriptors that CheckChannel names.
+constexpr int firstHigh = 10;
 
 std::string notRunning(int error)
 {
     return std::string("the program that checks scene files does not run: ") + std::strerror(error);
 }
 
-/// Spawns the program with the socket as its standard input; it has no output.
-int spawn(const std::string& program, const ReadLimits& limits, int socket, pid_t& process)
+/// Spawns the program with its ends of what connects it to the guard; it has no output.
+int spawn(const std::string& program, const ReadLimits& limits, int socket, int progress, pid_t& process)
 {
     const std::string seconds = std::to_string(limits.seconds);
     const std::string megabytes = std::to_string(limits.megabytes);
@@ -41,12 +50,18 @@ int spawn(const std::string& program, const ReadLimits& limits, int socket, pid_
                                    brackets.c_str(), wordBytes.c_str(), nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, socket, programEnd);
+    // Out of the way of the program's own, which they may be in a host that was started without these.
+    const int highSocket = fcntl(socket, F_DUPFD_CLOEXEC, firstHigh);
+    const int highProgress = fcntl(progress, F_DUPFD_CLOEXEC, firstHigh);
+    posix_spawn_file_actions_adddup2(&actions, highSocket, CheckChannel::socket);
+    posix_spawn_file_actions_adddup2(&actions, highProgress, CheckChannel::progress);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     const int error = posix_spawn(&process, program.c_str(), &actions, nullptr,
                                   const_cast<char* const*>(words.data()), environ);
     posix_spawn_file_actions_destroy(&actions);
+    close(highSocket);
+    close(highProgress);
     return error;
 }
 
@@ -75,12 +90,14 @@ SceneGuard::~SceneGuard()
 
 void SceneGuard::start()
 {
+    // Fresh memory, since a program that was killed may still have a process that writes to the old one.
+    _progress = std::make_unique<CheckProgress>();
     std::array<int, 2> ends{};
-    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+    if (_progress->failed() || socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
         _problem = notRunning(errno);
         return;
     }
-    const int error = spawn(_program, _limits, ends[1], _process);
+    const int error = spawn(_program, _limits, ends[1], _progress->descriptor(), _process);
     close(ends[1]);
     _socket = ends[0];
     _problem.clear();
@@ -105,36 +122,69 @@ void SceneGuard::stop()
     _process = -1;
 }
 
-bool SceneGuard::send(const std::string& path) const
+bool SceneGuard::send(const std::string& packet) const
 {
     return _socket >= 0 &&
-           ::send(_socket, path.data(), path.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(path.size());
+           ::send(_socket, packet.data(), packet.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(packet.size());
 }
 
 void SceneGuard::check(const std::string& path)
 {
-    _isSent = send(path);
-    if (_isSent)
-        return;
-    // It ended since the last file, by whatever hand.
-    stop();
-    start();
-    _isSent = send(path);
+    const auto handOver = [&] {
+        if (!_progress->failed())
+            _progress->reset();
+        return send(std::to_string(++_number) + " " + path);
+    };
+    if (_isChecking || !handOver()) {
+        // It ended since the last file, by whatever hand, or nobody waited for its answer.
+        stop();
+        start();
+        _isChecking = handOver();
+    } else {
+        _isChecking = true;
+    }
+    _verdict.clear();
+    if (!_isChecking)
+        _verdict = _problem.empty() ? notRunning(EPIPE) : _problem;
 }
 
-std::string SceneGuard::verdict()
+void SceneGuard::receive()
 {
-    if (!std::exchange(_isSent, false))
-        return _problem.empty() ? notRunning(EPIPE) : _problem;
-    std::array<char, 512> answer{};
+    std::array<char, 512> buffer{};
     ssize_t length = 0;
     if (waitForAnswer(_socket, _limits.seconds + graceSeconds))
-        length = recv(_socket, answer.data(), answer.size(), 0);
-    if (length > 0) // the first character only makes sure that there is one
-        return std::string(answer.data() + 1, static_cast<std::size_t>(length) - 1);
-    stop();
-    start();
-    return "the reader does not come back from it";
+        length = recv(_socket, buffer.data(), buffer.size(), 0);
+    if (length <= 0) {
+        _isChecking = false;
+        stop();
+        start();
+        _verdict = "the reader does not come back from it";
+        return;
+    }
+    const std::string_view packet(buffer.data(), static_cast<std::size_t>(length));
+    const std::string beginning = CheckChannel::verdict + std::to_string(_number) + " ";
+    if (packet.substr(0, beginning.size()) != beginning)
+        return; // news, or of a file before
+    _isChecking = false;
+    _verdict = packet.substr(beginning.size());
+}
+
+bool SceneGuard::letsPass(std::uint64_t place)
+{
+    const std::uint64_t awaited = std::min(place + headStart, end - 1);
+    while (_isChecking && !_progress->isBeyond(place)) {
+        _progress->await(awaited);
+        if (!_progress->isBeyond(awaited))
+            receive();
+    }
+    return _isChecking || _verdict.empty();
+}
+
+const std::string& SceneGuard::verdict()
+{
+    while (_isChecking)
+        receive();
+    return _verdict;
 }
 
 } // namespace kthost

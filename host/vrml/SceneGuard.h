@@ -4,14 +4,19 @@
 
 #include <sys/types.h>
 
+#include <cstdint>
+#include <memory>
 #include <string>
 
 namespace kthost
 {
 
+class CheckProgress;
+
 /// Lets a process of its own read a scene file before the host does, since there are files that the reader
 /// does not survive. The process has limits on time, memory and stack, and reads the file with all that it
 /// refers to, but without its long lists of numbers. It is started once and then serves file after file.
+/// The host may follow it through a file at a distance: what it read and survived, the host can read too.
 ///
 /// GUI thread. A guard whose program cannot be run says so in its verdict.
 class SceneGuard
@@ -25,26 +30,43 @@ public:
     SceneGuard(const SceneGuard&) = delete;
     SceneGuard& operator=(const SceneGuard&) = delete;
 
-    /// Hands a file over. One at a time: verdict() is to be called before the next.
+    /// The place behind all files.
+    static constexpr std::uint64_t end = std::uint64_t{1} << 62U;
+
+    /// Hands a file over. One at a time: a check that is under way ends without a verdict.
     void check(const std::string& path);
 
-    /// Waits for the check. Empty where the reader survived, whatever it had to say about the file; otherwise
-    /// why the file must not be read, in a few words.
-    std::string verdict();
+    /// Waits until the check is beyond this place, counted as ReadingSession does, or over. False where the
+    /// file must not be read on; why is the verdict. Beyond the place before `end` the file is read, and only
+    /// its scene's end is still to be checked.
+    bool letsPass(std::uint64_t place);
+
+    /// Waits for the end of the check. Empty where the reader survived, whatever it had to say about the
+    /// file; otherwise why the file must not be read, in a few words.
+    const std::string& verdict();
+
+    /// Of the check; each has its own.
+    std::uint64_t number() const { return _number; }
 
     const ReadLimits& limits() const { return _limits; }
 
 private:
     void start();
     void stop();
-    bool send(const std::string& path) const;
+    bool send(const std::string& packet) const;
+
+    /// Waits for the program to say something.
+    void receive();
 
     std::string _program;
     ReadLimits _limits;
     pid_t _process = -1;
     int _socket = -1;
-    bool _isSent = false;
+    std::uint64_t _number = 0; ///< Of the last file.
+    bool _isChecking = false;
+    std::string _verdict; ///< On the last file.
     std::string _problem; ///< Why the program does not run.
+    std::unique_ptr<CheckProgress> _progress;
 };
 
 } // namespace kthost

@@ -15,21 +15,23 @@ SceneReading SceneReader::read(const std::string& path, const ReadingProgress& p
     CoinLibrary::init();
     SceneReading result;
     {
-        ReadingSession session(result, {progress, guard, guard ? guard->limits() : ReadLimits(), false});
+        ReadingSession session(result, {progress, guard, guard ? guard->limits() : ReadLimits(), {}, false});
         result.root = session.read(path, path, result.error);
     }
+    if (result.root && guard)
+        result.end = SceneEnd(result.root, *guard, path);
     // Backgrounds ask for their pictures after the reading, when they are first shown.
     if (result.root)
         TextureImages::setFolder(std::filesystem::path(path).parent_path().string());
     return result;
 }
 
-void SceneReader::readSkeleton(const std::string& path, const ReadLimits& limits)
+void SceneReader::readSkeleton(const std::string& path, const ReadLimits& limits, const PassedPlace& passed)
 {
     CoinLibrary::init();
     TextureImages::leaveOut();
     SceneReading forgotten;
-    ReadingSession session(forgotten, {{}, nullptr, limits, true});
+    ReadingSession session(forgotten, {{}, nullptr, limits, passed, true});
     session.read(path, path, forgotten.error);
 }
 

@@ -3,10 +3,12 @@
 #include "host/vrml/CoinRef.h"
 #include "host/vrml/NodeNames.h"
 #include "host/vrml/ReadLimits.h"
+#include "host/vrml/SceneEnd.h"
 #include "host/vrml/SceneWarnings.h"
 
 #include <Inventor/VRMLnodes/SoVRMLGroup.h>
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -18,6 +20,7 @@ class SceneGuard;
 /// What became of reading a scene file.
 struct SceneReading
 {
+    SceneEnd end;              ///< To be asked for a problem when all else that is to be done is done.
     CoinRef<SoVRMLGroup> root; ///< The reader's scene; null where the file was refused.
     NodeNames names;           ///< The node names, which the reader's nodes have stand-ins for.
     SceneWarnings warnings;
@@ -31,6 +34,9 @@ struct SceneReading
 /// grows, about a hundred times in a large file and perhaps never in a small one. It must not throw.
 using ReadingProgress = std::function<void(double part)>;
 
+/// Told during a reading how much of all its texts is behind it, in bytes; grows, but not with every call.
+using PassedPlace = std::function<void(std::uint64_t place)>;
+
 /// Reads VRML97 files, plain or packed with gzip, with all that they refer to in the local file system:
 /// Inline and EXTERNPROTO files and textures, each looked up from the folder of the file that names it.
 /// Nothing is fetched from elsewhere. What is missing, and what a TextMender passes over, costs a warning.
@@ -39,14 +45,15 @@ class SceneReader
 public:
     /// The scene in the file at `path`. What it refers to counts as a part of the place that names it. Leaves
     /// every other scene as it is. With a guard, the file is checked by it within its limits and refused
-    /// where the reader would not survive it; without one, the reader gets whatever the file holds. GUI
-    /// thread.
+    /// where the reader would not survive it, if not at once then by the answer of `end`; without one, the
+    /// reader gets whatever the file holds. GUI thread.
     static SceneReading read(const std::string& path, const ReadingProgress& progress = {},
                              SceneGuard* guard = nullptr);
 
     /// Reads the file as read() does, but without its images and long lists of numbers, and forgets it: for
-    /// SceneGuard's process, to see whether the reader survives.
-    static void readSkeleton(const std::string& path, const ReadLimits& limits);
+    /// SceneGuard's process, to see whether the reader survives. `passed` is told how far it is.
+    static void readSkeleton(const std::string& path, const ReadLimits& limits,
+                             const PassedPlace& passed = {});
 };
 
 } // namespace kthost

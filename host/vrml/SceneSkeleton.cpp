@@ -22,8 +22,12 @@ bool beginsNumber(std::string_view word)
 
 std::string SceneSkeleton::of(std::string_view text)
 {
+    return SceneSkeleton(text)._text;
+}
+
+SceneSkeleton::SceneSkeleton(std::string_view text)
+{
     using Kind = VrmlLexer::Kind;
-    std::string result;
     std::size_t copied = 0;
     std::size_t listStart = 0; ///< Behind the bracket that opened last.
     std::size_t numbers = 0;
@@ -35,15 +39,24 @@ std::string SceneSkeleton::of(std::string_view text)
             continue;
         }
         if (token.kind == Kind::Close && token.text == "]" && isList && numbers > fewNumbers) {
-            result += text.substr(copied, listStart - copied);
+            _text += text.substr(copied, listStart - copied);
             copied = lexer.position() - 1;
+            _cuts.push_back({_text.size(), copied - _text.size()});
         }
         isList = token.kind == Kind::Open && token.text == "[";
         listStart = lexer.position();
         numbers = 0;
     }
-    result += text.substr(copied);
-    return result;
+    _text += text.substr(copied);
+}
+
+std::size_t SceneSkeleton::inWhole(std::size_t place)
+{
+    while (_next < _cuts.size() && _cuts[_next].place < place)
+        ++_next;
+    while (_next > 0 && _cuts[_next - 1].place >= place)
+        --_next;
+    return place + (_next > 0 ? _cuts[_next - 1].bytes : 0);
 }
 
 } // namespace kthost

@@ -46,22 +46,28 @@ std::string_view VrmlLexer::nextWord()
 /// Comments too; false at the end of the text.
 bool VrmlLexer::skipBlanks()
 {
-    for (; _position < _text.size(); ++_position) {
-        if (_text[_position] == '#')
-            _position = std::min(_text.find_first_of("\r\n", _position), _text.size() - 1);
-        else if (classOf(_text[_position]) != Blank)
-            return true;
+    // Here and below in a variable of its own, which the compiler keeps out of memory: most of a large file
+    // is blanks and numbers.
+    std::size_t position = _position;
+    for (; position < _text.size(); ++position) {
+        if (_text[position] == '#')
+            position = std::min(_text.find_first_of("\r\n", position), _text.size() - 1);
+        else if (classOf(_text[position]) != Blank)
+            break;
     }
-    return false;
+    _position = position;
+    return position < _text.size();
 }
 
 /// Empty where no word begins.
 std::string_view VrmlLexer::readWord()
 {
     const std::size_t start = _position;
-    while (_position < _text.size() && classOf(_text[_position]) == Plain)
-        ++_position;
-    return _text.substr(start, _position - start);
+    std::size_t end = start;
+    while (end < _text.size() && classOf(_text[end]) == Plain)
+        ++end;
+    _position = end;
+    return _text.substr(start, end - start);
 }
 
 std::string_view VrmlLexer::readString()

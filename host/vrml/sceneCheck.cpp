@@ -1,27 +1,21 @@
 // kthost-scene-check: reads scene files for SceneGuard, each in a process that may fail.
 //   kthost-scene-check SECONDS MEGABYTES BRACKETS WORD-BYTES
-// Standard input is a socket of sequenced packets: each packet in is a path, each packet out a dot and the
-// verdict.
+// CheckChannel says what it is connected with.
+#include "host/vrml/CheckChannel.h"
+#include "host/vrml/CheckProgress.h"
+#include "host/vrml/CheckedReading.h"
 #include "host/vrml/CoinLibrary.h"
-#include "host/vrml/SceneReader.h"
 
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cmath>
 #include <csignal>
-#include <cstdint>
 #include <cstdlib>
-#include <new>
-#include <sstream>
 #include <string>
 
 namespace
@@ -29,105 +23,118 @@ namespace
 
 using namespace kthost;
 
-constexpr int channel = STDIN_FILENO;
+/// The exit status of a process whose reading came back; apart from those that CheckedReading knows.
+constexpr int survived = 90;
 
-/// How a reading ended, as the exit status of its process; apart from those that others use.
-enum Ending { Survived = 80, StackIsFull, MemoryIsFull };
+/// A number in front of a path.
+constexpr std::size_t longestPacket = PATH_MAX + 24;
 
-/// Half of what the host has: it is deeper in its own calls when it reads, and its drawing goes as deep
-/// again.
-constexpr rlim_t stackBytes = 4U << 20U;
-
-std::uintptr_t stackTop = 0;
-
-/// The reader's stack is full where the address that failed is about at its end.
-void onSegmentationFault(int signal, siginfo_t* info, void* /*context*/)
+std::string receive(int socket)
 {
-    const auto used = stackTop - reinterpret_cast<std::uintptr_t>(info->si_addr);
-    if (used > stackBytes / 2 && used < stackBytes * 2)
-        _exit(StackIsFull);
-    std::signal(signal, SIG_DFL);
-    raise(signal);
+    std::string packet(longestPacket, '\0');
+    ssize_t length = 0;
+    do {
+        length = recv(socket, packet.data(), packet.size(), 0);
+    } while (length < 0 && errno == EINTR);
+    packet.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    return packet;
 }
 
-void watchStack()
+bool sendPacket(int socket, const std::string& packet)
 {
-    static std::array<char, 65536> signalStack;
-    stack_t stack{};
-    stackTop = reinterpret_cast<std::uintptr_t>(&stack);
-    stack.ss_sp = signalStack.data();
-    stack.ss_size = signalStack.size();
-    sigaltstack(&stack, nullptr);
-    struct sigaction action = {};
-    action.sa_sigaction = onSegmentationFault;
-    action.sa_flags = SA_SIGINFO | SA_ONSTACK;
-    sigaction(SIGSEGV, &action, nullptr);
+    return send(socket, packet.data(), packet.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(packet.size());
 }
 
-void setLimit(__rlimit_resource_t what, rlim_t value)
+std::string numberOf(const std::string& packet)
 {
-    rlimit limit{};
-    getrlimit(what, &limit);
-    limit.rlim_cur = std::min(value, limit.rlim_max);
-    setrlimit(what, &limit);
+    return packet.substr(0, packet.find(' '));
 }
 
-void limitThisProcess(const ReadLimits& limits)
+bool sendVerdict(const std::string& packet, const std::string& reason)
 {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    setLimit(RLIMIT_CORE, 0);
-    setLimit(RLIMIT_STACK, stackBytes);
-#ifndef __SANITIZE_ADDRESS__ // which reserves terabytes of addresses
-    setLimit(RLIMIT_AS, static_cast<rlim_t>(limits.megabytes) << 20U);
-#endif
-    std::set_new_handler([] { _exit(MemoryIsFull); });
-    double whole = 0.0;
-    itimerval timer{};
-    timer.it_value.tv_usec = static_cast<suseconds_t>(std::modf(limits.seconds, &whole) * 1e6);
-    timer.it_value.tv_sec = static_cast<time_t>(whole);
-    std::signal(SIGALRM, SIG_DFL);
-    setitimer(ITIMER_REAL, &timer, nullptr);
-    watchStack();
+    return sendPacket(CheckChannel::socket, CheckChannel::verdict + numberOf(packet) + " " + reason);
 }
 
-[[noreturn]] void readAndEnd(const std::string& path, const ReadLimits& limits)
+/// The process for the next file. It is forked before there is one, which saves the time at the file.
+class Reader
 {
-    limitThisProcess(limits);
-    SceneReader::readSkeleton(path, limits);
-    _exit(Survived);
-}
-
-std::string number(double value)
-{
-    std::ostringstream text;
-    text << value;
-    return text.str();
-}
-
-std::string verdictOf(int status, const ReadLimits& limits)
-{
-    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
-        return "the reader takes longer than " + number(limits.seconds) + " s for it";
-    if (WIFEXITED(status) && WEXITSTATUS(status) == MemoryIsFull)
-        return "the reader needs more than " + std::to_string(limits.megabytes) + " megabytes for it";
-    if (WIFEXITED(status) && WEXITSTATUS(status) == StackIsFull)
-        return "it is nested too deep for the reader, or without end";
-    if (WIFEXITED(status) && WEXITSTATUS(status) == Survived)
-        return {};
-    return "the reader breaks down over it";
-}
-
-std::string check(const std::string& path, const ReadLimits& limits)
-{
-    const pid_t reader = fork();
-    if (reader < 0)
-        return "there is no process left to check it";
-    if (reader == 0)
-        readAndEnd(path, limits);
-    int status = 0;
-    while (waitpid(reader, &status, 0) < 0 && errno == EINTR) {
+public:
+    Reader(const ReadLimits& limits, CheckProgress& progress)
+    {
+        std::array<int, 2> ends{-1, -1};
+        if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0)
+            return;
+        _socket = ends[0];
+        const pid_t parent = getpid();
+        _process = fork();
+        if (_process == 0) {
+            close(_socket);
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            if (getppid() == parent)
+                serve(ends[1], limits, progress);
+            _exit(0);
+        }
+        close(ends[1]);
     }
-    return verdictOf(status, limits);
+
+    ~Reader()
+    {
+        if (_socket >= 0)
+            close(_socket);
+        waitForEnd();
+    }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    /// False where it does not run.
+    bool handOver(const std::string& packet) const { return _process > 0 && sendPacket(_socket, packet); }
+
+    /// The status with which it ends.
+    int waitForEnd()
+    {
+        int status = 0;
+        while (_process > 0 && waitpid(_process, &status, 0) < 0 && errno == EINTR) {
+        }
+        _process = -1;
+        return status;
+    }
+
+private:
+    static void serve(int socket, const ReadLimits& limits, CheckProgress& progress)
+    {
+        const std::string packet = receive(socket);
+        if (packet.empty())
+            return;
+        CheckedReading::read(packet.substr(numberOf(packet).size() + 1), limits, [&](std::uint64_t place) {
+            if (progress.tell(place))
+                sendPacket(CheckChannel::socket, std::string(1, CheckChannel::news));
+        });
+        // At once: taking the process down takes its time too.
+        sendVerdict(packet, {});
+        _exit(survived);
+    }
+
+    int _socket = -1;
+    pid_t _process = -1;
+};
+
+/// False where nobody is there any more to be told.
+bool check(const std::string& packet, Reader& reader, const ReadLimits& limits)
+{
+    if (!reader.handOver(packet))
+        return sendVerdict(packet, "there is no process left to check it");
+    const int status = reader.waitForEnd();
+    return (WIFEXITED(status) && WEXITSTATUS(status) == survived) ||
+           sendVerdict(packet, CheckedReading::reasonOf(status, limits));
+}
+
+void serve(const ReadLimits& limits, CheckProgress& progress)
+{
+    for (bool isServing = true; isServing;) {
+        Reader reader(limits, progress);
+        const std::string packet = receive(CheckChannel::socket);
+        isServing = !packet.empty() && check(packet, reader, limits);
+    }
 }
 
 } // namespace
@@ -142,18 +149,12 @@ int main(int argc, char** argv)
     limits.brackets = std::strtoul(argv[3], nullptr, 10);
     limits.wordBytes = std::strtoul(argv[4], nullptr, 10);
     // Interrupts at the terminal are for the host, whose end is ours.
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     std::signal(SIGINT, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
     CoinLibrary::init();
-    std::string path(PATH_MAX, '\0');
-    for (;;) {
-        const ssize_t length = recv(channel, path.data(), path.size(), 0);
-        if (length < 0 && errno == EINTR)
-            continue;
-        if (length <= 0)
-            return 0;
-        const std::string answer = "." + check(path.substr(0, static_cast<std::size_t>(length)), limits);
-        if (send(channel, answer.data(), answer.size(), MSG_NOSIGNAL) < 0)
-            return 0;
-    }
+    CheckProgress progress(CheckChannel::progress);
+    if (progress.failed())
+        return 2;
+    serve(limits, progress);
 }

@@ -68,6 +68,13 @@ TEST_F(DefLexerTest, LetsALaterDefinitionHaveTheStandInOfAnEarlierRoute)
               "ROUTE <1>.x TO <2>.y DEF <1> Group {} USE <1>");
 }
 
+TEST_F(DefLexerTest, GivesStandInsOfOneLength)
+{
+    const std::string standIn = names.add("A");
+    for (int i = 0; i < 2000; ++i)
+        ASSERT_EQ(names.add("A").size(), standIn.size());
+}
+
 TEST_F(DefLexerTest, KeepsNamesByteForByte)
 {
     const std::string bytes = "\xC3\x96l+1-\xE6\x89\x89'.\\\xFF\xFE";

@@ -147,6 +147,31 @@ TEST_F(SceneGuardTest, KeepsToTheLimitsOfTheText)
         folder.writeScene("name.wrl", "DEF " + std::string(70000, 'x') + " Group {}"), {}, &guard));
 }
 
+TEST_F(SceneGuardTest, AVerdictIsOnTheFileThatWasHandedOverLast)
+{
+    SceneGuard guard(KT_SCENE_CHECK, anyBrackets());
+    const std::string deep = folder.writeScene("deep.wrl", nested(20000));
+    const std::string good = folder.writeScene("good.wrl", "Group {}");
+    guard.check(deep);
+    guard.check(good);
+    EXPECT_EQ(guard.verdict(), "");
+    guard.check(good);
+    guard.check(deep);
+    EXPECT_EQ(guard.verdict(), "it is nested too deep for the reader, or without end");
+}
+
+TEST_F(SceneGuardTest, AFileThatItsTextRefusesLeavesNoVerdictToTheNext)
+{
+    ReadLimits limits;
+    limits.seconds = 0.2;
+    SceneGuard guard(KT_SCENE_CHECK, limits);
+    const std::string word = folder.writeScene("word.wrl", std::string(70000, 'x'));
+    EXPECT_EQ(SceneReader::read(word, {}, &guard).error, word + ", line 2: a word of 70000 bytes");
+    const std::string large = folder.writeScene("large.wrl", explosion(16));
+    EXPECT_EQ(SceneReader::read(large, {}, &guard).error,
+              large + ": the reader takes longer than 0.2 s for it");
+}
+
 class WildFilesTest : public testing::TestWithParam<const char*>
 {
 };

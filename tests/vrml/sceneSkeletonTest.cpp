@@ -31,5 +31,17 @@ TEST(SceneSkeletonTest, LeavesListsWithNodesAmongTheNumbers)
     EXPECT_EQ(SceneSkeleton::of(text), text);
 }
 
+TEST(SceneSkeletonTest, KnowsThePlacesOfTheWholeText)
+{
+    const std::string whole = "a [" + many + "] b [" + many + "#c ]\n 3] c";
+    SceneSkeleton skeleton(whole);
+    for (const char c : {'a', 'b', 'c', 'b', 'a'}) {
+        const std::size_t place = skeleton.text().find(c);
+        EXPECT_EQ(skeleton.inWhole(place + 1), whole.rfind(c) + 1) << c;
+    }
+    EXPECT_EQ(skeleton.inWhole(0), 0U);
+    EXPECT_EQ(skeleton.inWhole(skeleton.text().size()), whole.size());
+}
+
 } // namespace
 } // namespace kthost

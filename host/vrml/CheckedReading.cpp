@@ -1,0 +1,139 @@
+#include "host/vrml/CheckedReading.h"
+
+#include "host/vrml/SceneReader.h"
+
+#include <sys/resource.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <csignal>
+#include <cstddef>
+#include <new>
+#include <sstream>
+
+// The sanitizer reserves terabytes of addresses, which no limit may keep it from. Its two compilers say it by
+// different words.
+#if defined(__SANITIZE_ADDRESS__)
+#define KT_SANITIZES_ADDRESSES
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define KT_SANITIZES_ADDRESSES
+#endif
+#endif
+
+namespace kthost
+{
+namespace
+{
+
+/// How a reading ended, as the exit status of its process; apart from those that others use.
+enum Ending { StackIsFull = 80, MemoryIsFull };
+
+/// Half of what the host has: it is deeper in its own calls when it reads, and its drawing goes as deep
+/// again.
+constexpr rlim_t stackBytes = 4U << 20U;
+
+std::uintptr_t stackTop = 0;
+
+/// The reader's stack is full where the address that failed is about at its end.
+void onSegmentationFault(int signal, siginfo_t* info, void* /*context*/)
+{
+    const auto used = stackTop - reinterpret_cast<std::uintptr_t>(info->si_addr);
+    if (used > stackBytes / 2 && used < stackBytes * 2)
+        _exit(StackIsFull);
+    std::signal(signal, SIG_DFL);
+    raise(signal);
+}
+
+void watchStack()
+{
+    static std::array<char, 65536> signalStack;
+    stack_t stack{};
+    stackTop = reinterpret_cast<std::uintptr_t>(&stack);
+    stack.ss_sp = signalStack.data();
+    stack.ss_size = signalStack.size();
+    sigaltstack(&stack, nullptr);
+    struct sigaction action = {};
+    action.sa_sigaction = onSegmentationFault;
+    action.sa_flags = SA_SIGINFO | SA_ONSTACK;
+    sigaction(SIGSEGV, &action, nullptr);
+}
+
+void setLimit(__rlimit_resource_t what, rlim_t value)
+{
+    rlimit limit{};
+    getrlimit(what, &limit);
+    limit.rlim_cur = std::min(value, limit.rlim_max);
+    setrlimit(what, &limit);
+}
+
+void limitThisProcess(const ReadLimits& limits)
+{
+    setLimit(RLIMIT_CORE, 0);
+    setLimit(RLIMIT_STACK, stackBytes);
+#ifndef KT_SANITIZES_ADDRESSES
+    setLimit(RLIMIT_AS, static_cast<rlim_t>(limits.megabytes) << 20U);
+#endif
+    std::set_new_handler([] { _exit(MemoryIsFull); });
+    double whole = 0.0;
+    itimerval timer{};
+    timer.it_value.tv_usec = static_cast<suseconds_t>(std::modf(limits.seconds, &whole) * 1e6);
+    timer.it_value.tv_sec = static_cast<time_t>(whole);
+    std::signal(SIGALRM, SIG_DFL);
+    setitimer(ITIMER_REAL, &timer, nullptr);
+    watchStack();
+}
+
+/// The host follows what it is told of, so that it must not be led to where memory runs out.
+bool needsLittle(const ReadLimits& limits)
+{
+    rusage usage{};
+    constexpr std::size_t part = 4;
+    constexpr std::size_t kilobytes = 1024;
+    return getrusage(RUSAGE_SELF, &usage) == 0 &&
+           static_cast<std::size_t>(usage.ru_maxrss) < limits.megabytes * kilobytes / part;
+}
+
+std::string number(double value)
+{
+    std::ostringstream text;
+    text << value;
+    return text.str();
+}
+
+} // namespace
+
+void CheckedReading::read(const std::string& path, const ReadLimits& limits, const Tell& tell)
+{
+    limitThisProcess(limits);
+    constexpr std::uint64_t stride = 4096; // a look at the memory takes longer than reading a word
+    std::uint64_t next = 0;
+    bool isFollowed = true;
+    SceneReader::readSkeleton(path, limits, [&](std::uint64_t place) {
+        if (place >= next) {
+            next = place + stride;
+            isFollowed = isFollowed && needsLittle(limits);
+        }
+        if (isFollowed)
+            tell(place);
+    });
+    const itimerval none{};
+    setitimer(ITIMER_REAL, &none, nullptr);
+}
+
+std::string CheckedReading::reasonOf(int status, const ReadLimits& limits)
+{
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
+        return "the reader takes longer than " + number(limits.seconds) + " s for it";
+    if (WIFEXITED(status) && WEXITSTATUS(status) == MemoryIsFull)
+        return "the reader needs more than " + std::to_string(limits.megabytes) + " megabytes for it";
+    if (WIFEXITED(status) && WEXITSTATUS(status) == StackIsFull)
+        return "it is nested too deep for the reader, or without end";
+    return "the reader breaks down over it";
+}
+
+} // namespace kthost

@@ -1,0 +1,232 @@
+// How the host reads a file behind the process that reads it first.
+#include "host/vrml/CoinLibrary.h"
+#include "host/vrml/DefLexer.h"
+#include "host/vrml/FileBytes.h"
+#include "host/vrml/NodeNames.h"
+#include "host/vrml/ReaderMessages.h"
+#include "host/vrml/ReportingInput.h"
+#include "host/vrml/SceneEnd.h"
+#include "host/vrml/SceneGuard.h"
+#include "host/vrml/SceneReader.h"
+#include "tests/vrml/SceneFiles.h"
+
+#include <Inventor/SoDB.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+namespace kthost
+{
+namespace
+{
+
+const std::string many = " 1, 2, 3, -1, 4, 5, 6, -1, 1, 2, 3, -1, 4, 5, 6, -1, 7, 8, 9, -1 ";
+
+std::string plainNodes(int count)
+{
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += "Transform { children Shape { geometry IndexedLineSet { coordIndex [" + many + "] } } }\n";
+    return text;
+}
+
+/// Each node holds the one before it.
+std::string chain(int length)
+{
+    std::string text = "DEF A0 Group {}\n";
+    for (int i = 1; i < length; ++i)
+        text += "DEF A" + std::to_string(i) + " Group { children USE A" + std::to_string(i - 1) + " }\n";
+    return text;
+}
+
+/// The reader is busy with it for longer than anybody waits.
+std::string endlessWork()
+{
+    std::string text = "PROTO P0 [] { Group {} }\n";
+    for (int i = 1; i <= 16; ++i) {
+        const std::string below = "P" + std::to_string(i - 1) + " {} ";
+        text += "PROTO P" + std::to_string(i) + " [] { Group { children [ " + below + below + below + below +
+                "] } }\n";
+    }
+    return text + "P16 {}\n";
+}
+
+class FollowedReadingTest : public testing::Test
+{
+protected:
+    /// Reads a file that is refused for the time it takes; answers how far the host was led, from 0 to 1.
+    double placeOfRefusal(const std::string& text)
+    {
+        ReadLimits limits;
+        limits.seconds = 1.0;
+        limits.megabytes = 100000;
+        SceneGuard guard(KT_SCENE_CHECK, limits);
+        const std::string path = folder.writeScene("scene.wrl", text);
+        double last = 0.0;
+        const SceneReading reading = SceneReader::read(
+            path, [&](double part) { last = part; }, &guard);
+        EXPECT_EQ(reading.error, path + ": the reader takes longer than 1 s for it");
+        return last;
+    }
+
+    test::SceneFolder folder;
+};
+
+TEST_F(FollowedReadingTest, GoesAsFarAsTheCheckAndNoFurther)
+{
+    const std::string before = plainNodes(1000);
+    const std::string after = plainNodes(1000);
+    const double place = placeOfRefusal(before + endlessWork() + after);
+    EXPECT_GT(place, 0.3);
+    EXPECT_LE(place, 0.52);
+}
+
+TEST_F(FollowedReadingTest, WaitsBeforeAFileInsideThatTheCheckDoesNotSurvive)
+{
+    folder.writeScene("part.wrl", endlessWork());
+    const double place =
+        placeOfRefusal(plainNodes(1000) + "Inline { url \"part.wrl\" }\n" + plainNodes(1000));
+    EXPECT_GT(place, 0.3);
+    EXPECT_LE(place, 0.51);
+}
+
+TEST_F(FollowedReadingTest, WaitsForTheWholeCheckWhereManyNodesStandInsideEachOther)
+{
+    EXPECT_EQ(placeOfRefusal(chain(1500) + plainNodes(1000) + endlessWork()), 0.0);
+}
+
+TEST_F(FollowedReadingTest, WaitsForTheWholeCheckAfterAFileInsideFailed)
+{
+    folder.writeScene("bad.wrl", "Group { children [" + many + "] }");
+    const double place = placeOfRefusal("Inline { url \"bad.wrl\" }\n" + plainNodes(1000) + endlessWork());
+    EXPECT_LE(place, 0.01);
+}
+
+TEST_F(FollowedReadingTest, ReadsThroughInlinesAndPrototypesOfOtherFiles)
+{
+    folder.writeScene("part.wrl", plainNodes(300));
+    folder.writeScene("library.wrl", "PROTO Post [] { Group {} }\n" + plainNodes(300));
+    const std::string text = "EXTERNPROTO Post [] \"library.wrl#Post\"\n" + plainNodes(300) +
+                             "Inline { url \"part.wrl\" }\nPost {}\n" + plainNodes(300);
+    SceneGuard guard(KT_SCENE_CHECK, {});
+    std::vector<double> parts;
+    SceneReading reading = SceneReader::read(
+        folder.writeScene("scene.wrl", text), [&](double part) { parts.push_back(part); }, &guard);
+    ASSERT_TRUE(reading) << reading.error;
+    EXPECT_EQ(reading.end.problem(), "");
+    EXPECT_GT(parts.size(), 50U);
+    EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
+}
+
+TEST_F(FollowedReadingTest, ASceneWhoseEndIsNotSurvivedIsRefusedAndStays)
+{
+    ReadLimits limits;
+    limits.seconds = 0.2;
+    SceneGuard guard(KT_SCENE_CHECK, limits);
+    CoinLibrary::init();
+    auto* const scene = new SoVRMLGroup;
+    scene->ref();
+    guard.check(folder.writeScene("scene.wrl", endlessWork()));
+    {
+        SceneEnd end(CoinRef<SoVRMLGroup>(scene), guard, "scene.wrl");
+        EXPECT_EQ(end.problem(), "scene.wrl: the reader takes longer than 0.2 s for it");
+    }
+    EXPECT_EQ(scene->getRefCount(), 2);
+}
+
+TEST_F(FollowedReadingTest, ASceneWhoseEndIsSurvivedGoes)
+{
+    SceneGuard guard(KT_SCENE_CHECK, {});
+    CoinLibrary::init();
+    auto* const scene = new SoVRMLGroup;
+    scene->ref();
+    guard.check(folder.writeScene("scene.wrl", "Group {}"));
+    {
+        SceneEnd first(CoinRef<SoVRMLGroup>(scene), guard, "scene.wrl");
+        const SceneEnd end = std::move(first);
+    }
+    EXPECT_EQ(scene->getRefCount(), 1);
+    scene->unref();
+}
+
+TEST_F(FollowedReadingTest, AVerdictOnAnotherFileIsNone)
+{
+    SceneGuard guard(KT_SCENE_CHECK, {});
+    CoinLibrary::init();
+    guard.check(folder.writeScene("scene.wrl", "Group {}"));
+    SceneEnd end(CoinRef<SoVRMLGroup>(new SoVRMLGroup), guard, "scene.wrl");
+    guard.check(folder.writeScene("other.wrl", "Group {}"));
+    EXPECT_EQ(end.problem(), "scene.wrl: its check was left before its end");
+}
+
+/// A reading that ends early, wherever that is, leaves nothing that the next one stumbles over.
+class EndedReadingTest : public testing::TestWithParam<const char*>
+{
+protected:
+    EndedReadingTest() : _silence([](const ReaderMessage&) {}) {}
+
+    static void readUntil(const std::string& text, int question)
+    {
+        int asked = 0;
+        ReportingInput input(text, [&](std::size_t) { return asked++ < question; });
+        const CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
+    }
+
+    static int questionsOf(const std::string& text)
+    {
+        int asked = 0;
+        std::size_t last = 0;
+        ReportingInput input(text, [&](std::size_t bytes) {
+            const bool isOver = bytes == 0; // the library's answer then
+            EXPECT_TRUE(isOver || bytes >= last);
+            last = std::max(last, bytes);
+            return ++asked > 0;
+        });
+        const CoinRef<SoVRMLGroup> root(SoDB::readAllVRML(&input));
+        EXPECT_LE(last, text.size());
+        return asked;
+    }
+
+private:
+    ReaderMessages _silence;
+};
+
+TEST_P(EndedReadingTest, IsSurvivedAtEveryPlace)
+{
+    CoinLibrary::init();
+    std::string bytes = GetParam();
+    if (bytes.rfind('#', 0) != 0) {
+        if (!test::haveRealScenes())
+            GTEST_SKIP() << "no scenes at " KT_SCENES_DIR;
+        std::string error;
+        bytes = FileBytes::readUnpacked(test::realScene(GetParam()), error).value_or("");
+        ASSERT_EQ(error, "");
+    }
+    NodeNames names;
+    const std::string text = DefLexer::rewrite(bytes, names).text;
+    const int questions = questionsOf(text);
+    EXPECT_GT(questions, 5);
+    constexpr int endings = 60;
+    const int step = std::max(1, questions / endings);
+    for (int i = 0; i < questions; i += step)
+        readUntil(text, i);
+    EXPECT_EQ(questionsOf(DefLexer::rewrite(bytes, names).text), questions);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, EndedReadingTest,
+    testing::Values(
+        "#VRML V2.0 utf8\nPROTO P [ field SFVec3f at 0 0 0 exposedField MFNode c [] ] { Group { "
+        "children [ DEF T Transform { translation IS at children IS c } DEF S TimeSensor {} ] } "
+        "ROUTE S.fraction_changed TO T.set_scale }\nDEF Q P { at 1 2 3 c [ P { c Shape {} } ] } USE Q",
+        "#VRML V2.0 utf8\nDEF S Script { eventIn SFFloat f field SFNode n DEF G Group {} url "
+        "\"vrmlscript:\" } DEF T TimeSensor {} ROUTE T.fraction_changed TO S.f",
+        "02-guided-tour/vaneyck.wrl", "03-max-chapel/pyopenglchapel.wrl", "05-proto-instances/7.wrl",
+        "06-proto-shared-use/6.wrl", "07-externproto/externproto.wrl", "09-inlines/geist.wrl",
+        "12-stopwatch-script/simple_stopwatch.wrl", "16-broken-house/house.wrl",
+        "20-touch-trigger/touch_trigger.wrl", "21-gz-road/index.wrl.gz"));
+
+} // namespace
+} // namespace kthost
