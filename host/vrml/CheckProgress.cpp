@@ -46,9 +46,9 @@ bool CheckProgress::tell(std::uint64_t place)
     return awaited != 0 && place >= awaited && _shared->awaited.compare_exchange_strong(awaited, 0);
 }
 
-bool CheckProgress::isBeyond(std::uint64_t place) const
+std::uint64_t CheckProgress::told() const
 {
-    return _shared->told > place;
+    return _shared->told;
 }
 
 void CheckProgress::await(std::uint64_t place)

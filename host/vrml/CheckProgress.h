@@ -31,10 +31,10 @@ public:
     /// The check has come to this place and survived all before it. True where somebody waits for that.
     bool tell(std::uint64_t place);
 
-    /// The check is beyond this place.
-    bool isBeyond(std::uint64_t place) const;
+    /// The place told last: all before it is survived.
+    std::uint64_t told() const;
 
-    /// Lets tell() answer, once, when the check is beyond this place. To be followed by a look at isBeyond(),
+    /// Lets tell() answer, once, when the check is beyond this place. To be followed by a look at told(),
     /// since that may just have come about.
     void await(std::uint64_t place);
 

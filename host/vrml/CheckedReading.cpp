@@ -110,14 +110,15 @@ std::string number(double value)
 void CheckedReading::read(const std::string& path, const ReadLimits& limits, const Tell& tell)
 {
     limitThisProcess(limits);
-    constexpr std::uint64_t stride = 4096; // a look at the memory takes longer than reading a word
+    // Each look of another process at the place costs both some time, and so does a look at the memory.
+    constexpr std::uint64_t stride = 1024;
     std::uint64_t next = 0;
     bool isFollowed = true;
     SceneReader::readSkeleton(path, limits, [&](std::uint64_t place) {
-        if (place >= next) {
-            next = place + stride;
-            isFollowed = isFollowed && needsLittle(limits);
-        }
+        if (place < next)
+            return;
+        next = place + stride;
+        isFollowed = isFollowed && needsLittle(limits);
         if (isFollowed)
             tell(place);
     });

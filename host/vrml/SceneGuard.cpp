@@ -29,7 +29,7 @@ constexpr double graceSeconds = 5.0;
 
 /// How far the check is to be ahead before a host that had to wait goes on: each wait costs more than reading
 /// a few lines.
-constexpr std::uint64_t headStart = 8192;
+constexpr std::uint64_t headStart = 2048;
 
 /// Above the descriptors that CheckChannel names.
 constexpr int firstHigh = 10;
@@ -143,6 +143,7 @@ void SceneGuard::check(const std::string& path)
     } else {
         _isChecking = true;
     }
+    _passed = 0;
     _verdict.clear();
     if (!_isChecking)
         _verdict = _problem.empty() ? notRunning(EPIPE) : _problem;
@@ -172,9 +173,10 @@ void SceneGuard::receive()
 bool SceneGuard::letsPass(std::uint64_t place)
 {
     const std::uint64_t awaited = std::min(place + headStart, end - 1);
-    while (_isChecking && !_progress->isBeyond(place)) {
+    while (_isChecking && _passed <= place) {
         _progress->await(awaited);
-        if (!_progress->isBeyond(awaited))
+        _passed = _progress->told();
+        if (_passed <= place)
             receive();
     }
     return _isChecking || _verdict.empty();

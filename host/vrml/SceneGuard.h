@@ -63,6 +63,7 @@ private:
     pid_t _process = -1;
     int _socket = -1;
     std::uint64_t _number = 0; ///< Of the last file.
+    std::uint64_t _passed = 0; ///< Of this file, when it was looked at last.
     bool _isChecking = false;
     std::string _verdict; ///< On the last file.
     std::string _problem; ///< Why the program does not run.

@@ -15,12 +15,11 @@ TEST(CheckProgressTest, IsSeenWhereItsMemoryIsHandedTo)
     CheckProgress program(dup(guard.descriptor()));
     ASSERT_FALSE(guard.failed());
     ASSERT_FALSE(program.failed());
-    EXPECT_FALSE(guard.isBeyond(0));
+    EXPECT_EQ(guard.told(), 0U);
     program.tell(7);
-    EXPECT_TRUE(guard.isBeyond(6));
-    EXPECT_FALSE(guard.isBeyond(7));
+    EXPECT_EQ(guard.told(), 7U);
     guard.reset();
-    EXPECT_FALSE(guard.isBeyond(0));
+    EXPECT_EQ(guard.told(), 0U);
 }
 
 TEST(CheckProgressTest, TellsOnceThatThePlaceAwaitedIsPassed)

@@ -53,55 +53,68 @@ std::string endlessWork()
     return text + "P16 {}\n";
 }
 
+std::string nested(int levels)
+{
+    std::string text;
+    for (int i = 0; i < levels; ++i)
+        text += "Group{children[";
+    for (int i = 0; i < levels; ++i)
+        text += "]}";
+    return text;
+}
+
 class FollowedReadingTest : public testing::Test
 {
 protected:
-    /// Reads a file that is refused for the time it takes; answers how far the host was led, from 0 to 1.
-    double placeOfRefusal(const std::string& text)
+    /// Reads a file that the guard refuses for this reason; answers how far the host was led, from 0 to 1.
+    double placeOfRefusal(const std::string& text, const std::string& reason, double seconds = 100.0)
     {
         ReadLimits limits;
-        limits.seconds = 1.0;
+        limits.seconds = seconds;
         limits.megabytes = 100000;
+        limits.brackets = 100000;
         SceneGuard guard(KT_SCENE_CHECK, limits);
         const std::string path = folder.writeScene("scene.wrl", text);
         double last = 0.0;
         const SceneReading reading = SceneReader::read(
             path, [&](double part) { last = part; }, &guard);
-        EXPECT_EQ(reading.error, path + ": the reader takes longer than 1 s for it");
+        EXPECT_EQ(reading.error, path + ": " + reason);
         return last;
     }
 
+    const std::string tooDeep = "it is nested too deep for the reader, or without end";
     test::SceneFolder folder;
 };
 
 TEST_F(FollowedReadingTest, GoesAsFarAsTheCheckAndNoFurther)
 {
-    const std::string before = plainNodes(1000);
-    const std::string after = plainNodes(1000);
-    const double place = placeOfRefusal(before + endlessWork() + after);
-    EXPECT_GT(place, 0.3);
-    EXPECT_LE(place, 0.52);
+    folder.writeScene("deep.wrl", nested(20000));
+    const double place =
+        placeOfRefusal(plainNodes(1000) + "Inline { url \"deep.wrl\" }\n" + plainNodes(1000), tooDeep);
+    EXPECT_GT(place, 0.47);
+    EXPECT_LE(place, 0.51);
 }
 
-TEST_F(FollowedReadingTest, WaitsBeforeAFileInsideThatTheCheckDoesNotSurvive)
+TEST_F(FollowedReadingTest, StopsBeforeWorkThatDoesNotEnd)
 {
-    folder.writeScene("part.wrl", endlessWork());
-    const double place =
-        placeOfRefusal(plainNodes(1000) + "Inline { url \"part.wrl\" }\n" + plainNodes(1000));
-    EXPECT_GT(place, 0.3);
-    EXPECT_LE(place, 0.51);
+    EXPECT_LE(placeOfRefusal(plainNodes(1000) + endlessWork() + plainNodes(1000),
+                             "the reader takes longer than 0.5 s for it", 0.5),
+              0.52);
 }
 
 TEST_F(FollowedReadingTest, WaitsForTheWholeCheckWhereManyNodesStandInsideEachOther)
 {
-    EXPECT_EQ(placeOfRefusal(chain(1500) + plainNodes(1000) + endlessWork()), 0.0);
+    folder.writeScene("deep.wrl", nested(20000));
+    EXPECT_EQ(placeOfRefusal(chain(1500) + plainNodes(1000) + "Inline { url \"deep.wrl\" }", tooDeep), 0.0);
 }
 
 TEST_F(FollowedReadingTest, WaitsForTheWholeCheckAfterAFileInsideFailed)
 {
     folder.writeScene("bad.wrl", "Group { children [" + many + "] }");
-    const double place = placeOfRefusal("Inline { url \"bad.wrl\" }\n" + plainNodes(1000) + endlessWork());
-    EXPECT_LE(place, 0.01);
+    folder.writeScene("deep.wrl", nested(20000));
+    EXPECT_LE(placeOfRefusal(
+                  "Inline { url \"bad.wrl\" }\n" + plainNodes(1000) + "Inline { url \"deep.wrl\" }", tooDeep),
+              0.01);
 }
 
 TEST_F(FollowedReadingTest, ReadsThroughInlinesAndPrototypesOfOtherFiles)
