@@ -2,7 +2,9 @@
 // play, or refuses it in one line and keeps what was open. The check of scene files runs as in the host, in
 // its own process; what that survives, or what our own reading refuses, must not end this one. The reader's
 // library is not instrumented.
+#include "fuzz/Bytes.h"
 #include "fuzz/Expect.h"
+#include "fuzz/SceneWriter.h"
 #include "host/app/Report.h"
 #include "host/app/Session.h"
 #include "host/vrml/SceneGuard.h"
@@ -26,6 +28,16 @@ using kt::fuzz::expect;
 
 /// Parts the scene from the file beside it, b.wrl.
 constexpr char separator = '\x1E';
+
+/// Behind a control character there is a description of the text, otherwise the text itself.
+std::string textOf(const std::uint8_t* data, std::size_t size)
+{
+    kt::fuzz::Bytes bytes(data, size);
+    if (size == 0 || *data >= 0x20)
+        return bytes.rest();
+    bytes.byte();
+    return kt::fuzz::SceneWriter::write(bytes);
+}
 
 ReadLimits shortLimits()
 {
@@ -109,10 +121,10 @@ private:
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static auto* const host = new Host; // the library does not like its end at the process's
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
-    const std::size_t end = std::min(bytes.find(separator), bytes.size());
-    host->write("a.wrl", bytes.substr(0, end));
-    host->write("b.wrl", bytes.substr(std::min(end + 1, bytes.size())));
+    const std::string text = textOf(data, size);
+    const std::size_t end = std::min(text.find(separator), text.size());
+    host->write("a.wrl", text.substr(0, end));
+    host->write("b.wrl", text.substr(std::min(end + 1, text.size())));
     ktController::setSimulationTime(0.0);
     if (host->open("a.wrl"))
         host->play();
