@@ -135,7 +135,14 @@ rc::Gen<QString> text(const std::vector<std::string>& all)
 rc::Gen<QString> rowText()
 {
     return rc::gen::apply([](bool isThere, const QString& text) { return isThere ? text : QString(); },
-                          mostly(), text(names));
+                          either(), text(names));
+}
+
+/// Often one row alone, since that is the one whose properties are shown.
+rc::Gen<unsigned> rowBits()
+{
+    return rc::gen::apply([](bool isOne, unsigned bits) { return isOne ? 1U << (bits % 6) : bits; }, mostly(),
+                          number());
 }
 
 rc::Gen<Step> scriptCall()
@@ -179,11 +186,11 @@ rc::Gen<Step> messageStep()
 rc::Gen<Step> panelStep()
 {
     return rc::gen::weightedOneOf<Step>(
-        {{5, step<SelectRows>(number())},
+        {{5, step<SelectRows>(rowBits())},
          {2, step<PressInList>(among<int>({Qt::Key_Return, Qt::Key_Space, Qt::Key_R, Qt::Key_Delete}))},
          {3, step<ChooseEntry>(rc::gen::inRange(0, 7))},
          {1, step<DoubleClick>(number(8))},
-         {2, step<RenameRow>(number(8), rowText())},
+         {3, step<RenameRow>(number(8), rowText())},
          {2, step<TypeComment>(text(comments))},
          {3, step<ChooseItem>(number(4), number(37))},
          {1, step<TurnCycleInterval>(rc::gen::map(number(), [](unsigned n) { return n * 0.5 - 1.0; }))},
