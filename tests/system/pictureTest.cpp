@@ -137,3 +137,27 @@ TEST_F(Picture, APictureThatCannotBeWrittenEndsWithStatusThree)
     EXPECT_EQ(run.status, 3);
     EXPECT_TRUE(run.errors.contains("/no/such/folder/picture.png")) << run.errors.toStdString();
 }
+
+TEST_F(Picture, SensorsOfTheViewerStartAnimationsOnceAPictureIsDrawn)
+{
+    const QString scene = folder.filePath("scene.wrl");
+    QFile file(scene);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("#VRML V2.0 utf8\nViewpoint { position 0 0 10 }\nShape { geometry Box {} }\n"
+               "DEF Near ProximitySensor { size 100 100 100 }\n"
+               "DEF Far ProximitySensor { center 500 0 0 size 10 10 10 }\n"
+               "DEF Seen VisibilitySensor { size 2 2 2 }\n"
+               "DEF A TimeSensor {}\nDEF B TimeSensor {}\nDEF C TimeSensor {}\n"
+               "ROUTE Near.enterTime TO A.set_startTime\nROUTE Far.enterTime TO B.set_startTime\n"
+               "ROUTE Seen.enterTime TO C.set_startTime\n");
+    file.close();
+
+    const QStringList drawn{"--screenshot", folder.filePath("picture.png")};
+    const QStringList dumped =
+        runHeadless(QStringList{scene} + runFor("1") + drawn + runFor("0.5") + "--dump").lines();
+
+    ASSERT_EQ(dumped.size(), 3);
+    EXPECT_TRUE(dumped[0].contains("\"active\":true")) << dumped[0].toStdString();
+    EXPECT_TRUE(dumped[1].contains("\"active\":false")) << dumped[1].toStdString();
+    EXPECT_TRUE(dumped[2].contains("\"active\":true")) << dumped[2].toStdString();
+}
