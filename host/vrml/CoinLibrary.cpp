@@ -1,6 +1,10 @@
 #include "host/vrml/CoinLibrary.h"
 
+#include "host/vrml/ReaderMessages.h"
+#include "host/vrml/SceneWarnings.h"
 #include "host/vrml/TextureImages.h"
+
+#include <kt/ktLog.h>
 
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInteraction.h>
@@ -17,10 +21,21 @@ namespace
 // calendar.
 constexpr double readingMoment = 1e9;
 
+/// What it says of a scene that plays: where a route leads to a field of another type, with each frame.
+void logOnce(const ReaderMessage& message)
+{
+    static SceneWarnings told;
+    const std::size_t before = told.entries().size();
+    told.add(message.words);
+    if (told.entries().size() > before)
+        ktLog::info("the open scene: %s", message.words.c_str());
+}
+
 bool initOnce()
 {
     SoDB::init();
     SoInteraction::init();
+    static const ReaderMessages nobodyElses(logOnce);
     SoDB::enableRealTimeSensor(FALSE);
     static_cast<SoSFTime*>(SoDB::getGlobalField("realTime"))->setValue(SbTime(readingMoment));
     SoVRMLInline::setReadAsSoFile(FALSE);

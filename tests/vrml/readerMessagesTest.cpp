@@ -1,8 +1,12 @@
 #include "host/vrml/ReaderMessages.h"
 
+#include "host/vrml/CoinLibrary.h"
 #include "host/vrml/SceneWarnings.h"
+#include "tests/support/LogRecorder.h"
 
 #include <gtest/gtest.h>
+
+#include <Inventor/errors/SoDebugError.h>
 
 namespace kthost
 {
@@ -31,6 +35,21 @@ TEST(ReaderMessagesTest, LeavesOtherTextsAsTheyAre)
 {
     EXPECT_EQ(ReaderMessages::parse("something(): else", false).words, "something(): else");
     EXPECT_EQ(ReaderMessages::parse("", false).words, "");
+}
+
+TEST(ReaderMessagesTest, WhatNobodyTakesGoesToTheLogOnce)
+{
+    CoinLibrary::init();
+    const kt::test::LogRecorder log;
+    testing::internal::CaptureStderr();
+
+    for (const char* words : {"odd value", "odd value", "odder value"})
+        SoDebugError::postWarning("SoField::set", "%s", words);
+
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(
+        kt::test::LogRecorder::lines(),
+        (std::vector<std::string>{"info: the open scene: odd value", "info: the open scene: odder value"}));
 }
 
 TEST(SceneWarningsTest, CountsEqualTexts)
