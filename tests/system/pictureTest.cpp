@@ -154,7 +154,7 @@ TEST_F(Picture, SensorsOfTheViewerStartAnimationsOnceAPictureIsDrawn)
 
     const QStringList drawn{"--screenshot", folder.filePath("picture.png")};
     const QStringList dumped =
-        runHeadless(QStringList{scene} + runFor("1") + drawn + runFor("0.5") + "--dump").lines();
+        runHeadless(QStringList{scene} + runFor("1") + drawn + runFor("0.5") + QStringList{"--dump"}).lines();
 
     ASSERT_EQ(dumped.size(), 3);
     EXPECT_TRUE(dumped[0].contains("\"active\":true")) << dumped[0].toStdString();
