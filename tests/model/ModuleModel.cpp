@@ -187,11 +187,12 @@ void ModuleModel::removeSelected()
 
 void ModuleModel::renameRow(int row, const QString& text)
 {
-    rows[row] = text;
+    if (rows[row] != text) // the list keeps a text that was never set where it gets an empty one
+        rows[row] = text;
     if (!_current)
         return;
     const std::string before = latin1(_current->name);
-    _current->name = text;
+    _current->name = rows[row];
     for (std::size_t place = 0; place < _scene.nodes.size(); ++place) {
         if (_scene.nodes[place].isSensor() && _scene.nodes[place].name() == before)
             _scene.rename(place, utf8(text));
