@@ -1,7 +1,9 @@
 #include "host/view/PictureFile.h"
 
+#include "host/files/WholeFile.h"
+
+#include <QBuffer>
 #include <QImage>
-#include <QSaveFile>
 
 namespace kthost
 {
@@ -10,13 +12,11 @@ QString writePicture(const QImage& image, const QString& file)
 {
     if (image.isNull())
         return QStringLiteral("the picture is empty");
-    QSaveFile output(file);
-    if (!output.open(QIODevice::WriteOnly))
-        return output.errorString();
-    if (!image.save(&output, "PNG"))
-        return output.error() == QFileDevice::NoError ? QStringLiteral("the picture cannot be encoded as PNG")
-                                                      : output.errorString();
-    return output.commit() ? QString() : output.errorString();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!image.save(&buffer, "PNG"))
+        return QStringLiteral("the picture cannot be encoded as PNG");
+    return WholeFile::write(file, bytes);
 }
 
 } // namespace kthost
