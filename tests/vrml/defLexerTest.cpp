@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <regex>
+#include <set>
 
 namespace kthost
 {
@@ -230,6 +231,37 @@ TEST(NodeNamesTest, LeavesWhatIsNoStandInOfItsOwn)
     names.add("own");
     EXPECT_EQ(names.original(foreign), foreign);
     EXPECT_EQ(names.translate("ktDef, ktDef99999999 and " + foreign), "ktDef, ktDef99999999 and " + foreign);
+}
+
+TEST(NodeNamesTest, TheWordsOfATableThatIsGoneAreUsedAgain)
+{
+    std::string word;
+    {
+        NodeNames gone;
+        word = gone.add("Door");
+    }
+    NodeNames names;
+    EXPECT_EQ(names.add("Window"), word);
+    EXPECT_EQ(names.original(word), "Window");
+}
+
+TEST(NodeNamesTest, TablesThatGrowByTurnsKeepApart)
+{
+    NodeNames first;
+    NodeNames second;
+    std::set<std::string> words;
+    for (int i = 0; i < 600; ++i) {
+        const std::string mine = first.add("first" + std::to_string(i));
+        const std::string other = second.add("second" + std::to_string(i));
+        words.insert({mine, other});
+        EXPECT_EQ(first.original(mine), "first" + std::to_string(i));
+        EXPECT_EQ(second.original(mine), mine);
+    }
+    EXPECT_EQ(words.size(), 1200U);
+
+    const NodeNames moved = std::move(first);
+    for (const std::string& word : words)
+        EXPECT_NE(moved.original(word), second.original(word));
 }
 
 } // namespace
