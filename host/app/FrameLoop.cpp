@@ -1,7 +1,9 @@
 #include "host/app/FrameLoop.h"
 
+#include "host/app/Failures.h"
+
+#include <kt/NodeUtils.h>
 #include <kt/ktController.h>
-#include <kt/ktLog.h>
 #include <kt/ktMessage.h>
 #include <kt/ktMessageId.h>
 #include <kt/ktModuleBase.h>
@@ -10,7 +12,7 @@
 #include <osg/PThreadBase.h>
 
 #include <algorithm>
-#include <exception>
+#include <string>
 #include <unordered_set>
 
 namespace kthost
@@ -24,15 +26,15 @@ constexpr double shortestStep = 1e-9;
 void callModules(void (ktModuleBase::*call)(), const char* what)
 {
     ktModuleBase::forEach([&](ktModuleBase& module) {
-        const QString name = module.moduleName();
-        try {
-            (module.*call)();
-        } catch (const std::exception& error) {
-            ktLog::error("%s: %s: %s", qPrintable(name), what, error.what());
-        } catch (...) {
-            ktLog::error("%s: %s: an unknown exception", qPrintable(name), what);
-        }
+        const std::string name = module.moduleName().toStdString();
+        Failures::survived([&] { return name + ": " + what; }, [&] { (module.*call)(); });
     });
+}
+
+std::string placeOf(const SceneSensor& entry)
+{
+    const char* name = NodeUtils::getName(entry.node);
+    return std::string("time sensor ") + (name ? name : "");
 }
 
 } // namespace
@@ -63,8 +65,10 @@ void FrameLoop::advanceTo(double now)
     if (_eventSource)
         _eventSource(time);
     const std::vector<SceneSensor> present = sensors(); // what an edit leads to may change the scene
-    for (const SceneSensor& entry : present)
-        entry.sensor->advance(time);
+    for (const SceneSensor& entry : present) {
+        // It tells a core that may be of a plug-in's own class.
+        Failures::survived([&] { return placeOf(entry); }, [&] { entry.sensor->advance(time); });
+    }
     settle();
 }
 
@@ -103,6 +107,14 @@ void FrameLoop::announceSceneChange()
     ktController::deliver(message);
     if (_sceneListener)
         _sceneListener();
+}
+
+void FrameLoop::forget()
+{
+    _changes.clear();
+    _drained.clear();
+    _sensors.clear();
+    _sensorRoot = {};
 }
 
 const std::vector<SceneSensor>& FrameLoop::sensors()

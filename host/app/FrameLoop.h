@@ -64,6 +64,9 @@ public:
     /// event loop.
     void announceSceneChange();
 
+    /// Lets go of every node and edit that is kept from one frame to the next.
+    void forget();
+
     /// The sensors of the scene, in document order; each core once.
     const std::vector<SceneSensor>& sensors();
 

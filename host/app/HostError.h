@@ -16,6 +16,7 @@ enum class ExitStatus {
     NoPicture = 4,
     ScriptFailed = 5,
     NoPlugin = 6,     ///< A plug-in that was asked for by its file could not be loaded.
+    Broken = 70,      ///< An exception that nobody expects and nothing catches.
     Interrupted = 130 ///< A script, by Ctrl-C: as shells say it.
 };
 

@@ -25,6 +25,15 @@ bool areSame(const ktMessage::Attributes& a, const ktMessage::Attributes& b)
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame);
 }
 
+void write(const Project& project, const QString& file)
+{
+    try {
+        ProjectFile::write(project, file);
+    } catch (const ProjectError& error) {
+        throw HostError(ExitStatus::BadFile, error.what());
+    }
+}
+
 } // namespace
 
 OpenProject::OpenProject()
@@ -95,21 +104,30 @@ bool OpenProject::isModified(const QString& scene) const
     return now.scene != _settled->scene || !areSame(now.attributes, _settled->attributes);
 }
 
+Project OpenProject::next(const QString& file, const QString& scene, bool warn) const
+{
+    Project next = _read;
+    next.attributes = persistent(warn);
+    next.scene = scene.isEmpty() ? QString() : ScenePath::relative(file, scene);
+    next.isSceneOutside = ScenePath::isOutside(next.scene);
+    return next;
+}
+
 void OpenProject::save(const QString& file, const QString& scene)
 {
     tellModules(ProjectStep::Save);
-    Project next = _read;
-    next.attributes = persistent(true);
-    next.scene = scene.isEmpty() ? QString() : ScenePath::relative(file, scene);
-    next.isSceneOutside = ScenePath::isOutside(next.scene);
-    try {
-        ProjectFile::write(next, file);
-    } catch (const ProjectError& error) {
-        throw HostError(ExitStatus::BadFile, error.what());
-    }
-    _settled = Saved{scene, next.attributes};
-    _read = std::move(next);
+    Project saved = next(file, scene, true);
+    write(saved, file);
+    _settled = Saved{scene, saved.attributes};
+    _read = std::move(saved);
     _file = file;
+}
+
+void OpenProject::writeCopy(const QString& file, const QString& scene) const
+{
+    const ProjectProbe probe;
+    tellModules(ProjectStep::Save);
+    write(next(file, scene, false), file);
 }
 
 } // namespace kthost

@@ -35,6 +35,10 @@ public:
     /// written; the project then stays as modified as it was.
     void save(const QString& file, const QString& scene);
 
+    /// Asks modules and writes the file as a save does, but all stays as it was: for a copy beside the
+    /// project.
+    void writeCopy(const QString& file, const QString& scene) const;
+
 private:
     struct Saved
     {
@@ -45,6 +49,9 @@ private:
     /// The attributes of ktFileIO::getProject() that go into a file. Those of types that no file can hold are
     /// left as the file had them; `warn` says so in the log.
     ktMessage::Attributes persistent(bool warn) const;
+
+    /// What a file of that name would hold, once modules were asked; `warn` as above.
+    Project next(const QString& file, const QString& scene, bool warn) const;
 
     Saved wouldSave(const QString& scene) const;
 

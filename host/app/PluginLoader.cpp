@@ -1,5 +1,8 @@
 #include "host/app/PluginLoader.h"
 
+#include "host/app/Failures.h"
+#include "host/app/LastWords.h"
+
 #include <kt/ktController.h>
 #include <kt/ktLog.h>
 #include <kt/ktModuleBase.h>
@@ -27,7 +30,10 @@ using InitFunction = void (*)();
 /// Why the library is none of ours; empty where it is.
 QString refusal(QLibrary& library, InitFunction& init)
 {
-    if (!library.load())
+    // What a static object throws cannot be caught in earnest: the system's loader stays locked, and whoever
+    // loads a library then, on any other thread, waits for ever.
+    const auto loadOrEnd = [&library]() noexcept { return library.load(); };
+    if (!loadOrEnd())
         return library.errorString().simplified();
     const auto version = reinterpret_cast<VersionFunction>(library.resolve("getPluginVersion"));
     init = reinterpret_cast<InitFunction>(library.resolve("initPlugin"));
@@ -106,7 +112,12 @@ QString PluginLoader::load(const QString& file)
     library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
     InitFunction init = nullptr;
     QString why;
-    const QString thrownEarly = thrownBy([&] { why = refusal(*library, init); });
+    QString thrownEarly;
+    {
+        const LastWords::While loading("plug-in " + file.toStdString() + ": it threw while it was loaded",
+                                       static_cast<int>(ExitStatus::NoPlugin));
+        thrownEarly = thrownBy([&] { why = refusal(*library, init); });
+    }
     if (why.isEmpty())
         why = thrownEarly;
     if (!why.isEmpty()) {
@@ -151,19 +162,33 @@ int PluginLoader::loadFolder(const QString& folder)
     return loaded;
 }
 
+bool PluginLoader::removePanels(const Plugin& plugin)
+{
+    bool isGone = true;
+    for (ktModuleBase* module : plugin.modules) {
+        const std::string name = module->moduleName().toStdString();
+        isGone &= Failures::survived([&] { return name + ": getWidget"; },
+                                     [&] {
+                                         QWidget* panel = module->getWidget();
+                                         if (panel && ktController::getDockWindowManager())
+                                             ktController::getDockWindowManager()->remove(panel);
+                                     });
+    }
+    return isGone;
+}
+
 void PluginLoader::unloadAll()
 {
     while (!_plugins.empty()) {
         Plugin plugin = std::move(_plugins.back());
         _plugins.pop_back();
-        // The panel first: it belongs to the main window, which would destroy it when its code is gone.
-        for (ktModuleBase* module : plugin.modules) {
-            QWidget* panel = module->getWidget();
-            if (panel && ktController::getDockWindowManager())
-                ktController::getDockWindowManager()->remove(panel);
-        }
+        const bool isPanelGone = removePanels(plugin);
         dropCallbacksOf(*plugin.library);
-        plugin.library->unload();
+        const LastWords::While unloading("plug-in " + plugin.library->fileName().toStdString() +
+                                             ": it threw while it was unloaded",
+                                         LastWords::status());
+        if (isPanelGone)
+            plugin.library->unload();
     }
 }
 

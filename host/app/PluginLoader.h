@@ -37,7 +37,8 @@ public:
     int loadFolder(const QString& folder);
 
     /// Destroys the panels of all modules and unloads the libraries, the last one first. Afterwards no code
-    /// of theirs is called any more. The main window must still be there.
+    /// of theirs is called any more, but of one whose panel cannot be got, which stays in memory. The main
+    /// window must still be there.
     void unloadAll();
 
     int count() const { return static_cast<int>(_plugins.size()); }
@@ -48,6 +49,10 @@ private:
         std::unique_ptr<QLibrary> library;
         std::vector<ktModuleBase*> modules;
     };
+
+    /// They belong to the main window, which would destroy them when their code is gone. False where a module
+    /// fails at it: its code must stay.
+    static bool removePanels(const Plugin& plugin);
 
     std::vector<Plugin> _plugins;
 };

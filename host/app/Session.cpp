@@ -211,11 +211,36 @@ void Session::save(const QString& project)
     emit projectSaved();
 }
 
+QString Session::rescue() const
+{
+    const QString shown = projectFile().isEmpty() ? _file : projectFile();
+    if (shown.isEmpty() || !isModified())
+        return {};
+    const QFileInfo open(shown);
+    const QString name = open.absolutePath() + QLatin1Char('/') + open.completeBaseName();
+    QString file = name + QLatin1String(".rescued.ktproj");
+    for (int i = 2; QFileInfo::exists(file); ++i)
+        file = QStringLiteral("%1.rescued-%2.ktproj").arg(name).arg(i);
+    _project.writeCopy(file, _file);
+    return file;
+}
+
 void Session::close()
 {
     const auto busy = beBusyWith(QStringLiteral("close"));
     clear();
     _project.settle(QString());
+    emit sceneReplaced();
+}
+
+void Session::letGo()
+{
+    _isBusy = true; // for good: nobody is asked for changes any more
+    ktSelectionManager::selectNodes({});
+    ktScenegraph::setRootNode({});
+    _file.clear();
+    _scene.reset();
+    _frames.forget();
     emit sceneReplaced();
 }
 

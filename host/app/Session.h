@@ -68,8 +68,17 @@ public:
     /// was there stays.
     void save(const QString& project);
 
+    /// For an end that nobody can be asked about: writes what is not saved to a project of its own,
+    /// "NAME.rescued.ktproj" beside the project or else the scene, and answers that file; an older one of the
+    /// name stays. Empty where nothing is unsaved. Throws HostError (BadFile) where it cannot be written.
+    QString rescue() const;
+
     /// Leaves nothing open but a new, empty project; modules are told with message 16.
     void close();
+
+    /// Before plug-ins are unloaded, and for the end of the program only: what of theirs stands in the scene
+    /// goes while its code is there. Modules are not told.
+    void letGo();
 
     /// The scene's file; empty where none is open.
     const QString& file() const { return _file; }

@@ -1,7 +1,9 @@
 #include "host/app/ActionRunner.h"
 #include "host/app/CommandLine.h"
+#include "host/app/HostApplication.h"
 #include "host/app/HostError.h"
 #include "host/app/HostLog.h"
+#include "host/app/LastWords.h"
 #include "host/app/LiveClock.h"
 #include "host/app/Pictures.h"
 #include "host/app/PluginLoader.h"
@@ -11,6 +13,7 @@
 #if KT_HAS_SCRIPTING
 #include "host/app/window/ScriptConsole.h"
 #endif
+#include "host/files/EndSignals.h"
 #include "host/vrml/SceneGuard.h"
 
 #include <kt/ktController.h>
@@ -18,13 +21,14 @@
 #include <qkt/QKTDockWindowManager.h>
 
 #include <QAbstractEventDispatcher>
-#include <QApplication>
 #include <QDir>
+#include <QScopeGuard>
 #include <QThread>
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 
 namespace
@@ -38,6 +42,13 @@ int fail(const HostError& error)
     return static_cast<int>(error.status());
 }
 
+/// The status of a run, as soon as it is known: what follows is tidying up.
+int leaving(int status)
+{
+    LastWords::setStatus(status);
+    return status;
+}
+
 /// The status that the program ends with: output that was lost is a failure, too.
 int ended(int status)
 {
@@ -48,12 +59,36 @@ int ended(int status)
     return status;
 }
 
+/// Saves what can be saved when the window is lost; empty while there is none.
+std::function<QString()> rescueOfWindow;
+
+/// The toolkit ends the program itself, and less clearly, when this returns.
+void endWithoutDisplay()
+{
+    std::string saved;
+    try {
+        const QString file = rescueOfWindow ? rescueOfWindow() : QString();
+        if (!file.isEmpty())
+            saved = "; what was not saved is in " + file.toStdString();
+    } catch (const std::exception& error) {
+        saved = std::string("; what was not saved is lost: ") + error.what();
+    } catch (...) {
+        saved = "; what was not saved is lost";
+    }
+    const int status = fail(HostError(ExitStatus::NoPicture, "window", "the display went away" + saved));
+    std::fflush(stdout);
+    std::_Exit(status);
+}
+
 /// What Qt has to say is for the log; what it cannot go on from ends the program in one line.
 void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
+    const bool isGuiThread = !qApp || QThread::currentThread() == qApp->thread();
+    if (isGuiThread && text.contains(QLatin1String(" connection broke"))) // X11's or Wayland's
+        endWithoutDisplay();
     if (type != QtFatalMsg) {
         const auto log = [text] { ktLog::info("%s", qUtf8Printable(text)); };
-        if (!qApp || QThread::currentThread() == qApp->thread())
+        if (isGuiThread)
             log();
         else
             QMetaObject::invokeMethod(qApp, log, Qt::QueuedConnection);
@@ -99,6 +134,7 @@ int runHeadless(const CommandLine& line)
     QKTDockWindowManager docks(&window);
     ktController::setMainWindow(&window, &docks);
     PluginLoader plugins;
+    const auto sceneFirst = qScopeGuard([&session] { session.letGo(); });
     ActionRunner runner(session, pictures);
     Scripting scripting(session, runner);
     try {
@@ -107,11 +143,11 @@ int runHeadless(const CommandLine& line)
             session.open(line.file);
         runner.run(line.actions);
     } catch (const ScriptExit& exit) {
-        return exit.status;
+        return leaving(exit.status);
     } catch (const HostError& error) {
-        return fail(error);
+        return leaving(fail(error));
     }
-    return 0;
+    return leaving(0);
 }
 
 #if KT_HAS_SCRIPTING
@@ -133,8 +169,11 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     Session session;
     session.setGuard(&guard);
     MainWindow window(session, log);
+    rescueOfWindow = [&session] { return session.rescue(); };
+    const auto noRescue = qScopeGuard([] { rescueOfWindow = nullptr; });
     ktController::setMainWindow(&window, &window.docks());
     PluginLoader plugins;
+    const auto sceneFirst = qScopeGuard([&session] { session.letGo(); });
     LiveClock clock(session.frames());
     Pictures pictures(session, &window.sceneView());
     ActionRunner runner(session, pictures, [] { QCoreApplication::processEvents(); });
@@ -150,20 +189,33 @@ int runInWindow(const CommandLine& line, const HostLog& log)
             window.openFirst(line.file);
         runner.run(line.actions);
     } catch (const ScriptExit& exit) {
-        return exit.status;
+        return leaving(exit.status);
     } catch (const HostError& error) {
         status = fail(error);
         if (error.status() == ExitStatus::NoPlugin || !window.isVisible())
-            return status;
+            return leaving(status);
         window.showError(QString::fromStdString(error.what()));
     }
     if (!window.isVisible()) // it was closed meanwhile
-        return status;
+        return leaving(status);
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &clock,
                      [&session] { session.frames().announceSceneChange(); });
     clock.start();
     const int asked = QApplication::exec();
-    return asked == 0 ? status : asked;
+    return leaving(asked == 0 ? status : asked);
+}
+
+/// What no room caught on the way, such as a lack of memory, ends in one line like everything else.
+int run(const CommandLine& line)
+{
+    HostLog log;
+    try {
+        return line.isHeadless ? runHeadless(line) : runInWindow(line, log);
+    } catch (const std::exception& error) {
+        return fail(HostError(ExitStatus::Broken, "what was asked for failed", error.what()));
+    } catch (...) {
+        return fail(HostError(ExitStatus::Broken, "what was asked for failed", "an unknown exception"));
+    }
 }
 
 } // namespace
@@ -172,6 +224,8 @@ int main(int argc, char** argv)
 {
     // A file that may not grow further is an error to be told of, not the end.
     std::signal(SIGXFSZ, SIG_IGN);
+    EndSignals::watch();
+    LastWords::prepare();
     CommandLine line;
     try {
         line = CommandLine::parse(argc, argv);
@@ -191,11 +245,10 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
+    HostApplication application(argc, argv);
     if (line.wantsHelp) {
         std::printf("%s", qPrintable(CommandLine::helpText()));
         return ended(0);
     }
-    HostLog log;
-    return ended(line.isHeadless ? runHeadless(line) : runInWindow(line, log));
+    return ended(run(line));
 }

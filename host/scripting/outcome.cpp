@@ -121,6 +121,8 @@ ScriptOutcome run(const std::function<void()>& call)
             // It is the present exception now.
         } catch (const std::exception& error) {
             failure = error.what();
+        } catch (...) {
+            failure = "an unknown exception";
         }
         outcome = takePythonError();
         if (Py_FlushLine() != 0) // after a print that ended with a comma

@@ -46,6 +46,36 @@ TEST_F(UnsavedChangesTest, AskingForChangesLeavesNoTrace)
     EXPECT_TRUE(ktFileIO::getProject().get("_loading").empty());
 }
 
+TEST_F(UnsavedChangesTest, ARescueWritesThemBesideTheProjectAndChangesNothing)
+{
+    session.open(path("door.wrl"));
+    EXPECT_EQ(session.rescue(), "") << "nothing to rescue";
+    module.setting = "edited";
+    EXPECT_EQ(session.rescue(), path("door.rescued.ktproj"));
+    session.save(path("p.ktproj"));
+    EXPECT_EQ(session.rescue(), "");
+    module.setting = "edited again";
+    EXPECT_EQ(session.rescue(), path("p.rescued.ktproj"));
+    EXPECT_EQ(session.rescue(), path("p.rescued-2.ktproj"));
+
+    EXPECT_TRUE(session.isModified());
+    EXPECT_EQ(session.projectFile(), path("p.ktproj"));
+    session.open(path("p.rescued.ktproj"));
+    EXPECT_EQ(module.setting, "edited again");
+    EXPECT_EQ(session.file(), path("door.wrl"));
+}
+
+TEST_F(UnsavedChangesTest, ARescueThatCannotBeWrittenSaysWhy)
+{
+    QDir(folder.path()).mkdir("sub");
+    QFile::copy(path("door.wrl"), path("sub/door.wrl"));
+    session.open(path("sub/door.wrl"));
+    module.setting = "edited";
+    QDir(path("sub")).removeRecursively();
+
+    EXPECT_THROW(session.rescue(), HostError);
+}
+
 TEST_F(UnsavedChangesTest, AFailedSaveStaysModified)
 {
     session.open(path("door.wrl"));

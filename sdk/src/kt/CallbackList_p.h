@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kt/Blame_p.h"
+
 #include <kt/ktLog.h>
 
 #include <algorithm>
@@ -47,9 +49,11 @@ public:
             try {
                 callback(arguments...);
             } catch (const std::exception& error) {
-                ktLog::error("%s: a callback failed: %s", what, error.what());
+                ktLog::error("%s: a callback of %s failed: %s", what, libraryOf(callback).c_str(),
+                             inOneLine(error.what()).c_str());
             } catch (...) {
-                ktLog::error("%s: a callback failed with an unknown exception", what);
+                ktLog::error("%s: a callback of %s failed with an unknown exception", what,
+                             libraryOf(callback).c_str());
             }
         }
         return called;

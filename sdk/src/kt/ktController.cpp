@@ -1,5 +1,6 @@
 #include <kt/ktController.h>
 
+#include "kt/Blame_p.h"
 #include "kt/CallbackList_p.h"
 
 #include <kt/ktLog.h>
@@ -33,7 +34,7 @@ void deliverTo(ktModuleBase& module, ktMessage& message)
         module.receivedMessage(message);
     } catch (const std::exception& error) {
         ktLog::error("%s: message %u failed: %s", qPrintable(module.moduleName()), message.id(),
-                     error.what());
+                     inOneLine(error.what()).c_str());
     } catch (...) {
         ktLog::error("%s: message %u failed with an unknown exception", qPrintable(module.moduleName()),
                      message.id());

@@ -1,5 +1,7 @@
 #include <kt/ktPythonInit.h>
 
+#include "kt/Blame_p.h"
+
 #include <kt/ktLog.h>
 
 #include <algorithm>
@@ -39,18 +41,21 @@ void ktPythonInit::dropCallbacks(const std::function<bool(Callback)>& isGone)
 
 void ktPythonInit::notify(bool destroy)
 {
+    const char* const occasion = destroy ? "interpreter end" : "interpreter start";
     const std::vector<ktPythonInit*> present = living();
     for (ktPythonInit* init : present) {
         const bool lives = std::find(living().begin(), living().end(), init) != living().end();
         if (!lives || !init->_callback || init->_isReady != destroy)
             continue;
         init->_isReady = !destroy;
+        const std::string library = libraryOf(init->_callback); // the object may go meanwhile
         try {
             init->_callback(destroy);
         } catch (const std::exception& error) {
-            ktLog::error("a module's interpreter callback failed: %s", error.what());
+            ktLog::error("%s: a callback of %s failed: %s", occasion, library.c_str(),
+                         inOneLine(error.what()).c_str());
         } catch (...) {
-            ktLog::error("a module's interpreter callback failed with an unknown exception");
+            ktLog::error("%s: a callback of %s failed with an unknown exception", occasion, library.c_str());
         }
     }
 }

@@ -116,7 +116,7 @@ TEST(RenderViewTest, PressesReachEveryCallbackInOrder)
 
     EXPECT_EQ(presses, (Lines{"throwing", "1,2,3"}));
     EXPECT_TRUE(event.isAccepted());
-    EXPECT_EQ(log.lines(), Lines{"error: key press: a callback failed: no way"});
+    EXPECT_EQ(log.lines(), Lines{"error: key press: a callback of sdkKtTest failed: no way"});
     ktOSGWidget::subMGLWPressKeyCB(throwingPress);
     ktOSGWidget::subMGLWPressKeyCB(quietPress);
     ktOSGWidget::subMGLWPressKeyCB(quietPress);
