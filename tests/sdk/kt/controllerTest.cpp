@@ -120,9 +120,9 @@ TEST_F(ControllerTest, AnExceptionKeepsNobodyFromTheirTurn)
     EXPECT_EQ(send("go"), 2);
 
     EXPECT_EQ(calls, (std::vector<std::string>{"first", "second", "first", "second"}));
-    EXPECT_EQ(log.lines(),
-              (std::vector<std::string>{"error: go: a callback of sdkKtTest failed: no way",
-                                        "error: go: a callback of sdkKtTest failed with an unknown exception"}));
+    EXPECT_EQ(log.lines(), (std::vector<std::string>{
+                               "error: go: a callback of sdkKtTest failed: no way",
+                               "error: go: a callback of sdkKtTest failed with an unknown exception"}));
 }
 
 TEST_F(ControllerTest, ACallbackThatIsTakenBackMeanwhileIsNotCalled)
