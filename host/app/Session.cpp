@@ -220,7 +220,7 @@ QString Session::rescue() const
     const QString name = open.absolutePath() + QLatin1Char('/') + open.completeBaseName();
     QString file = name + QLatin1String(".rescued.ktproj");
     for (int i = 2; QFileInfo::exists(file); ++i)
-        file = QStringLiteral("%1.rescued-%2.ktproj").arg(name).arg(i);
+        file = name + QStringLiteral(".rescued-%1.ktproj").arg(i);
     _project.writeCopy(file, _file);
     return file;
 }

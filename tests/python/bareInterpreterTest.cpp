@@ -40,7 +40,8 @@ const std::vector<std::string> imports{"import ktAnimation", "from ktAnimation i
 
 } // namespace
 
-// Of the leak check: who allocates is told by the standard library's frames here, and those are walked the slow way.
+// Here the leak check sees who allocates through the standard library only where it walks the calls the slow
+// way.
 extern "C" __attribute__((visibility("default"))) const char* __asan_default_options()
 {
     return "fast_unwind_on_malloc=0";
