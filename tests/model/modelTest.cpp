@@ -1,7 +1,7 @@
 // Random sequences of everything that reaches the built plug-in in the real host, beside a model of both;
 // what can be seen is compared after each step. A sequence that fails is cut down to a short one that still
 // does, and printed in words.
-//   RC_PARAMS="max_success=20000 max_size=100"   the long run: a million steps
+//   RC_PARAMS="max_success=40000 max_size=100"   the long run: a million steps
 //   RC_PARAMS="reproduce=..."                     what a failure prints, once more
 #include "tests/model/Chance.h"
 #include "tests/model/Pair.h"
