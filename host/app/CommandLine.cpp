@@ -204,12 +204,13 @@ QString CommandLine::helpText()
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "\nOpens a VRML97 scene and lets plug-ins drive its animations. FILE is opened first; then "
-        "everything is done in "
-        "the order given.\n\nExit status: 0 all done, 2 the arguments are off, 3 a file could not be read or "
-        "written, "
-        "4 the picture could not be made, 5 a script failed, 6 a plug-in named by --plugin could not be "
-        "loaded, "
-        "130 a script was interrupted; a script that ends by sys.exit() gives its own.");
+        "everything "
+        "is done in the order given.\n\nExit status: 0 all done, 2 the arguments are off, 3 a file could not "
+        "be "
+        "read or written, 4 the picture could not be made or the display went away, 5 a script failed, 6 a "
+        "plug-in named by --plugin could not be loaded, 70 an exception that nobody catches, 130 a script "
+        "was "
+        "interrupted; a script that ends by sys.exit() gives its own.");
     addOptions(parser);
     return parser.helpText();
 }

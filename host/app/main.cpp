@@ -31,6 +31,10 @@
 #include <functional>
 #include <iostream>
 
+#ifdef KT_LOOKS_FOR_LEAKS
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace
 {
 
@@ -250,5 +254,10 @@ int main(int argc, char** argv)
         std::printf("%s", qPrintable(CommandLine::helpText()));
         return ended(0);
     }
-    return ended(run(line));
+    const int status = ended(run(line));
+#ifdef KT_LOOKS_FOR_LEAKS
+    // Now, while caches still hold what they own, and the drivers are still loaded and can be named.
+    __lsan_do_leak_check();
+#endif
+    return status;
 }

@@ -3,6 +3,7 @@
 #include "host/vrml/SceneGuard.h"
 
 #include <utility>
+#include <vector>
 
 namespace kthost
 {
@@ -29,8 +30,9 @@ SceneEnd& SceneEnd::operator=(SceneEnd&& other) noexcept
 
 SceneEnd::~SceneEnd()
 {
+    static auto& kept = *new std::vector<CoinRef<SoVRMLGroup>>; // for good, and after everything static
     if (_root && !problem().empty())
-        _root->ref();
+        kept.push_back(std::move(_root));
 }
 
 const std::string& SceneEnd::problem()

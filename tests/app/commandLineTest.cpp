@@ -153,6 +153,6 @@ TEST(CommandLine, HelpNamesEveryOption)
           "--plugin ", "--plugin-dir", "--script", "--save", "--version", "--help"})
         EXPECT_TRUE(help.contains(option)) << option;
     for (const char* status :
-         {"0 all done", "2 the", "3 a file", "4 the", "5 a script", "6 a plug-in", "130 a script"})
+         {"0 all done", "2 the", "3 a file", "4 the", "5 a script", "6 a plug-in", "70 an", "130 a script"})
         EXPECT_TRUE(help.simplified().contains(status)) << status;
 }

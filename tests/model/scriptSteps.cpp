@@ -2,10 +2,6 @@
 #include "tests/model/Pair.h"
 #include "tests/model/mustEqual.h"
 
-#ifdef KT_LOOKS_FOR_LEAKS
-#include <sanitizer/lsan_interface.h>
-#endif
-
 namespace kt::test
 {
 namespace
@@ -49,10 +45,6 @@ std::string Pair::failureOfScript(const std::string& expression)
 
 void Pair::perform(const ScriptCall& step)
 {
-#ifdef KT_LOOKS_FOR_LEAKS
-    // Boost.Python keeps the signatures that it once showed in an error.
-    const __lsan::ScopedDisabler notOurs;
-#endif
     if (kthost::Scripting::isBuilt())
         mustEqual("what the script gets", host.ask(step.source()), call(step, model));
 }

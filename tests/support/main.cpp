@@ -6,6 +6,10 @@
 #include <QApplication>
 #include <QStandardPaths>
 
+#ifdef KT_LOOKS_FOR_LEAKS
+#include <sanitizer/lsan_interface.h>
+#endif
+
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
@@ -16,5 +20,10 @@ int main(int argc, char** argv)
     QStandardPaths::setTestModeEnabled(true); // settings and caches apart from the user's
     QApplication application(argc, argv);
     kt::test::QtWarnings::failTestsOnWarnings();
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+#ifdef KT_LOOKS_FOR_LEAKS
+    // Now, while caches still hold what they own, and the drivers are still loaded and can be named.
+    __lsan_do_leak_check();
+#endif
+    return result;
 }
