@@ -22,6 +22,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QDir>
+#include <QFontInfo>
 #include <QScopeGuard>
 #include <QThread>
 
@@ -30,6 +31,7 @@
 #include <cstdlib>
 #include <functional>
 #include <iostream>
+#include <memory>
 
 #ifdef KT_LOOKS_FOR_LEAKS
 #include <sanitizer/lsan_interface.h>
@@ -100,6 +102,17 @@ void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& t
     }
     std::fprintf(stderr, "kthost: window: %s\n", qUtf8Printable(text.simplified()));
     std::_Exit(static_cast<int>(ExitStatus::NoPicture));
+}
+
+/// The platform's screens, and the fonts that are read here, are kept until the end on purpose.
+std::unique_ptr<HostApplication> startToolkit(int& argc, char** argv)
+{
+#ifdef KT_LOOKS_FOR_LEAKS
+    const __lsan::ScopedDisabler keptOnPurpose;
+#endif
+    auto application = std::make_unique<HostApplication>(argc, argv);
+    QFontInfo(HostApplication::font()).family();
+    return application;
 }
 
 /// The named plug-ins, or else the installed ones.
@@ -249,7 +262,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    HostApplication application(argc, argv);
+    const auto application = startToolkit(argc, argv);
     if (line.wantsHelp) {
         std::printf("%s", qPrintable(CommandLine::helpText()));
         return ended(0);

@@ -1,6 +1,7 @@
 // Each value comes back from a file to the bit.
 #include "host/project/AttributeValue.h"
 #include "host/project/ProjectError.h"
+#include "tests/support/Effort.h"
 
 #include <gtest/gtest.h>
 
@@ -94,7 +95,8 @@ TEST(AttributeValue, ANegativeZeroIsNotAZero)
 
 TEST(AttributeValue, EveryCodePointComesBackAsAText)
 {
-    for (uint code = 0; code < 0x110000; ++code) {
+    constexpr uint step = 10 / kt::test::tries(10);
+    for (uint code = 0; code < 0x110000; code += step) {
         if (code >= 0xd800 && code < 0xe000)
             continue;
         const std::string bytes = "e" + QString::fromUcs4(&code, 1).toStdString() + "\xCC\x81";

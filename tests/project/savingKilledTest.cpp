@@ -1,5 +1,6 @@
 // Whenever a save is killed, the project is there whole: the one before or the one after it.
 #include "host/project/ProjectFile.h"
+#include "tests/support/Effort.h"
 
 #include <gtest/gtest.h>
 
@@ -33,13 +34,13 @@ void expectWhole(const QString& file)
 
 } // namespace
 
-TEST(SavingKilled, TwoHundredTimesTheProjectIsWhole)
+TEST(SavingKilled, TimeAndAgainTheProjectIsWhole)
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath("p.ktproj");
     std::mt19937 random(std::random_device{}());
     std::uniform_int_distribution<int> microseconds(1, 4000);
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < kt::test::tries(200); ++i) {
         ASSERT_NO_FATAL_FAILURE(saveUntilKilled(file, microseconds(random)));
         ASSERT_NO_THROW(expectWhole(file)) << "kill " << i;
     }

@@ -4,11 +4,31 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QStandardPaths>
+
+#include <memory>
 
 #ifdef KT_LOOKS_FOR_LEAKS
 #include <sanitizer/lsan_interface.h>
 #endif
+
+namespace
+{
+
+/// The one QApplication. Its platform's screens, and the fonts that are read here, are kept until the end on
+/// purpose.
+std::unique_ptr<QApplication> application(int& argc, char** argv)
+{
+#ifdef KT_LOOKS_FOR_LEAKS
+    const __lsan::ScopedDisabler keptOnPurpose;
+#endif
+    auto made = std::make_unique<QApplication>(argc, argv);
+    QFontInfo(QApplication::font()).family();
+    return made;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -18,7 +38,7 @@ int main(int argc, char** argv)
     if (testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
     QStandardPaths::setTestModeEnabled(true); // settings and caches apart from the user's
-    QApplication application(argc, argv);
+    const auto theApplication = application(argc, argv);
     kt::test::QtWarnings::failTestsOnWarnings();
     const int result = RUN_ALL_TESTS();
 #ifdef KT_LOOKS_FOR_LEAKS
