@@ -52,7 +52,7 @@ struct Session::Scene
 {
     Scene(const QString& file, SceneReading reading, const ReadLimits& limits)
         : reader(std::move(reading)),
-          nodes(drawable(file, SceneBuilder::build(*reader.root, reader.names, limits.sceneDepth))),
+          nodes(drawable(file, SceneBuilder::build(*reader.root, reader.names, limits))),
           binding(CoinRef<SoNode>(reader.root.get()), nodes.sensors)
     {
     }

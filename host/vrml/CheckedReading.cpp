@@ -79,10 +79,11 @@ void limitThisProcess(const ReadLimits& limits)
     setLimit(RLIMIT_AS, static_cast<rlim_t>(limits.megabytes) << 20U);
 #endif
     std::set_new_handler([] { _exit(MemoryIsFull); });
-    double whole = 0.0;
     itimerval timer{};
-    timer.it_value.tv_usec = static_cast<suseconds_t>(std::modf(limits.seconds, &whole) * 1e6);
-    timer.it_value.tv_sec = static_cast<time_t>(whole);
+    constexpr long long second = 1000000;
+    const long long microseconds = std::llround(limits.seconds * 1e6);
+    timer.it_value.tv_usec = static_cast<suseconds_t>(microseconds % second);
+    timer.it_value.tv_sec = static_cast<time_t>(microseconds / second);
     std::signal(SIGALRM, SIG_DFL);
     setitimer(ITIMER_REAL, &timer, nullptr);
     watchStack();

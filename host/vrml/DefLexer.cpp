@@ -157,7 +157,10 @@ private:
     void routeEnd(std::string_view end)
     {
         const std::size_t dot = end.rfind('.');
-        if (dot != std::string_view::npos && dot > 0)
+        const std::string_view field = dot == std::string_view::npos ? end : end.substr(dot + 1);
+        if (field.size() > _limits.wordBytes)
+            refuse(field, "a word of " + std::to_string(field.size()) + " bytes");
+        else if (dot != std::string_view::npos && dot > 0)
             replace(end.substr(0, dot), find(end.substr(0, dot)).standIn);
     }
 

@@ -17,7 +17,6 @@ namespace
 {
 
 constexpr std::size_t chunkSize = 1 << 18;
-constexpr std::size_t sizeLimit = 1 << 30;
 
 class FileDescriptor
 {
@@ -53,7 +52,7 @@ bool isGzip(const std::string& bytes)
 }
 
 /// Unpacks every member of the stream; what follows the last one is ignored, as gzip does.
-std::optional<std::string> unpack(const std::string& packed, std::string& error)
+std::optional<std::string> unpack(const std::string& packed, std::size_t most, std::string& error)
 {
     z_stream stream{};
     constexpr int anyWindowWithGzipHeader = 15 + 16;
@@ -67,14 +66,17 @@ std::optional<std::string> unpack(const std::string& packed, std::string& error)
     stream.avail_in = static_cast<uInt>(packed.size());
 
     std::string result;
+    std::string chunk(chunkSize, '\0');
     for (;;) {
-        const std::size_t used = result.size();
-        result.resize(used + chunkSize);
-        stream.next_out = reinterpret_cast<Bytef*>(&result[used]);
+        stream.next_out = reinterpret_cast<Bytef*>(&chunk[0]);
         stream.avail_out = static_cast<uInt>(chunkSize);
         const int status = inflate(&stream, Z_NO_FLUSH);
-        result.resize(used + chunkSize - stream.avail_out);
+        result.append(chunk, 0, chunkSize - stream.avail_out);
 
+        if (result.size() > most) {
+            error = "the gzip stream unpacks to more than " + std::to_string(most >> 20U) + " megabytes";
+            return std::nullopt;
+        }
         if (status == Z_STREAM_END) {
             if (stream.avail_in < 2 || stream.next_in[0] != 0x1f || stream.next_in[1] != 0x8b)
                 return result;
@@ -86,9 +88,6 @@ std::optional<std::string> unpack(const std::string& packed, std::string& error)
         } else if (status != Z_OK) {
             error =
                 std::string("the gzip stream is damaged: ") + (stream.msg ? stream.msg : "no reason given");
-            return std::nullopt;
-        } else if (result.size() > sizeLimit) {
-            error = "the gzip stream unpacks to more than a gigabyte";
             return std::nullopt;
         }
     }
@@ -127,10 +126,11 @@ std::optional<std::string> FileBytes::read(const std::string& path, std::string&
     }
 }
 
-std::optional<std::string> FileBytes::readUnpacked(const std::string& path, std::string& error)
+std::optional<std::string> FileBytes::readUnpacked(const std::string& path, std::string& error,
+                                                   std::size_t most)
 {
     std::optional<std::string> bytes = read(path, error);
-    return bytes && isGzip(*bytes) ? unpack(*bytes, error) : bytes;
+    return bytes && isGzip(*bytes) ? unpack(*bytes, most, error) : bytes;
 }
 
 } // namespace kthost

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -15,8 +16,11 @@ public:
     static std::optional<std::string> read(const std::string& path, std::string& error);
 
     /// The bytes of a regular file, unpacked where they are a gzip stream, whatever the file is called.
-    /// A stream that is cut short or damaged fails, and so does one that unpacks to more than a gigabyte.
-    static std::optional<std::string> readUnpacked(const std::string& path, std::string& error);
+    /// A stream that is cut short or damaged fails, and so does one that unpacks to more bytes than `most`.
+    static std::optional<std::string> readUnpacked(const std::string& path, std::string& error,
+                                                   std::size_t most = sizeLimit);
+
+    static constexpr std::size_t sizeLimit = std::size_t{1} << 30U;
 };
 
 } // namespace kthost

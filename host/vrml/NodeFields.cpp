@@ -77,7 +77,18 @@ std::vector<SoNode*> NodeFields::drawnNodesOf(SoNode& node)
     if (node.isOfType(SoVRMLScript::getClassTypeId()))
         return nodes;
     appendFields(node, node.getFieldData(), nodes);
-    appendHidden(node, nodes);
+    std::vector<SoNode*> hidden;
+    appendHidden(node, hidden);
+    if (hidden == nodes)
+        return nodes;
+    // Most of these are in a field too.
+    std::unordered_map<SoNode*, int> held;
+    for (SoNode* const child : nodes)
+        ++held[child];
+    for (SoNode* const child : hidden) {
+        if (--held[child] < 0)
+            nodes.push_back(child);
+    }
     return nodes;
 }
 

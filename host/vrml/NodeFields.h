@@ -20,7 +20,7 @@ public:
     std::vector<SoNode*> nodesOf(SoNode& node);
 
     /// Those of them that are drawn, or otherwise gone through, with the node: not what only a Script holds,
-    /// nor what the fields of an instance hand over to its body.
+    /// nor what the fields of an instance hand over to its body. Each as often as it is drawn.
     std::vector<SoNode*> drawnNodesOf(SoNode& node);
 
 private:

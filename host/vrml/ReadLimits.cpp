@@ -1,7 +1,9 @@
 #include "host/vrml/ReadLimits.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <type_traits>
 
 namespace kthost
@@ -15,10 +17,12 @@ void take(const char* variable, Number& limit)
     const char* const text = std::getenv(variable);
     if (!text)
         return;
-    char* end = nullptr;
-    const double value = std::strtod(text, &end);
+    const char* const end = text + std::strlen(text);
+    double value = 0.0;
     constexpr double largest = 1e9;
-    if (end != text && *end == '\0' && value > 0.0 && value <= largest)
+    // With a dot whatever the user's language.
+    const auto [rest, problem] = std::from_chars(text, end, value);
+    if (problem == std::errc() && rest == end && value > 0.0 && value <= largest)
         limit = static_cast<Number>(std::is_integral_v<Number> ? std::ceil(value) : value);
 }
 
@@ -30,6 +34,7 @@ ReadLimits ReadLimits::fromEnvironment()
     take("KTHOST_READ_BRACKETS", limits.brackets);
     take("KTHOST_READ_WORD_BYTES", limits.wordBytes);
     take("KTHOST_READ_DEPTH", limits.sceneDepth);
+    take("KTHOST_READ_DRAWN", limits.drawnNodes);
     take("KTHOST_READ_SECONDS", limits.seconds);
     take("KTHOST_READ_MEGABYTES", limits.megabytes);
     return limits;

@@ -76,6 +76,22 @@ const ReaderMessage* reasonOf(const std::vector<ReaderMessage>& messages)
     return reason;
 }
 
+/// As the host's own folder has it, links left alone: Inlines are looked for beside the path as given.
+std::string absolute(const std::string& path)
+{
+    std::error_code noFolder;
+    const std::filesystem::path whole = std::filesystem::absolute(path, noFolder);
+    return noFolder ? path : whole.string();
+}
+
+/// What tells one file from another; by its path alone where links cannot be followed.
+std::string identity(const std::string& path)
+{
+    std::error_code isUnreadable;
+    const std::filesystem::path real = std::filesystem::weakly_canonical(path, isUnreadable);
+    return isUnreadable ? absolute(path) : real.string();
+}
+
 } // namespace
 
 ReadingSession::ReadingSession(SceneReading& result, ReadingManner manner)
@@ -104,22 +120,20 @@ CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std
                                               std::string& error)
 {
     error.clear();
-    std::error_code ignored;
-    OpenFile file{std::filesystem::weakly_canonical(path, ignored).string(),
-                  name,
-                  std::filesystem::path(path).parent_path().string(),
-                  {}};
+    OpenFile file{identity(path), name, std::filesystem::path(path).parent_path().string(), {}};
     if (file.folder.empty())
         file.folder = ".";
 
     std::string reason;
-    const bool isOpen = std::any_of(_files.begin(), _files.end(),
-                                    [&](const OpenFile& other) { return other.path == file.path; });
     std::optional<std::string> bytes;
-    if (isOpen || _files.size() >= deepestFile)
+    if (!_files.empty() && !passes(0)) {
+        reason = "the scene is refused";
+    } else if (isOpen(file.path) || _files.size() >= deepestFile) {
         reason = "the file refers to itself";
-    else
+        ++_circles;
+    } else {
         bytes = FileBytes::readUnpacked(path, reason);
+    }
     if (bytes && bytes->empty())
         reason = "the file is empty";
     // The library reads whatever it is given, other formats too, and stumbles over them somewhere.
@@ -129,15 +143,21 @@ CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std
         error = name + ": " + reason;
     if (!error.empty())
         return {};
-    return _manner.guard && _files.empty() ? parseGuarded(*bytes, std::move(file), error)
+    return _manner.guard && _files.empty() ? parseGuarded(absolute(path), *bytes, std::move(file), error)
                                            : parse(*bytes, std::move(file), error);
 }
 
-CoinRef<SoVRMLGroup> ReadingSession::parseGuarded(const std::string& bytes, OpenFile file, std::string& error)
+bool ReadingSession::isOpen(const std::string& path) const
+{
+    return std::any_of(_files.begin(), _files.end(), [&](const OpenFile& file) { return file.path == path; });
+}
+
+CoinRef<SoVRMLGroup> ReadingSession::parseGuarded(const std::string& path, const std::string& bytes,
+                                                  OpenFile file, std::string& error)
 {
     const std::string name = file.name;
     SceneGuard& guard = *_manner.guard;
-    guard.check(file.path);
+    guard.check(path);
     CoinRef<SoVRMLGroup> root = parse(bytes, std::move(file), error);
     if (root && _isFollowing && guard.letsPass(SceneGuard::end - 1))
         return root;

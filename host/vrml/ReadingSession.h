@@ -66,7 +66,9 @@ private:
 
     CoinRef<SoVRMLGroup> readFile(const std::string& path, const std::string& name, std::string& error);
     CoinRef<SoVRMLGroup> parse(const std::string& bytes, OpenFile file, std::string& error);
-    CoinRef<SoVRMLGroup> parseGuarded(const std::string& bytes, OpenFile file, std::string& error);
+    CoinRef<SoVRMLGroup> parseGuarded(const std::string& path, const std::string& bytes, OpenFile file,
+                                      std::string& error);
+    bool isOpen(const std::string& path) const;
     CoinRef<SoVRMLGroup> readLibrary(const std::string& path, std::string& error);
     SoProto* findPrototype(const std::string& url, std::string& error);
 
@@ -98,6 +100,9 @@ private:
     ReaderMessages _messages;
     std::vector<OpenFile> _files;                           ///< Being read, each named by the one before it.
     std::map<std::string, CoinRef<SoVRMLGroup>> _libraries; ///< EXTERNPROTO files by path, read once each.
+    std::map<std::string, std::string> _missingLibraries;   ///< Those that cannot be read, and why.
+    /// How often a file was left out since it was being read already, which it may not be the next time.
+    std::size_t _circles = 0;
 };
 
 } // namespace kthost

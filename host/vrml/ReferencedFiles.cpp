@@ -102,9 +102,17 @@ CoinRef<SoVRMLGroup> ReadingSession::readLibrary(const std::string& path, std::s
     const auto known = _libraries.find(path);
     if (known != _libraries.end())
         return known->second;
+    const auto missing = _missingLibraries.find(path);
+    if (missing != _missingLibraries.end()) {
+        error = missing->second;
+        return {};
+    }
+    const std::size_t circles = _circles;
     CoinRef<SoVRMLGroup> scene = readFile(path, fileName(path), error);
     if (scene)
         _libraries.emplace(path, scene);
+    else if (_circles == circles)
+        _missingLibraries.emplace(path, error);
     return scene;
 }
 

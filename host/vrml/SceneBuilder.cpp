@@ -1,6 +1,6 @@
 #include "host/vrml/SceneBuilder.h"
 
-#include "host/vrml/DrawnLoop.h"
+#include "host/vrml/DrawnNodes.h"
 #include "host/vrml/NodeFields.h"
 #include "host/vrml/NodeNames.h"
 #include "host/vrml/VrmlCore.h"
@@ -53,7 +53,7 @@ SbName nameOf(SoNode& source)
 class Walk
 {
 public:
-    Walk(const NodeNames& names, std::size_t deepest) : _names(names), _deepest(deepest) {}
+    Walk(const NodeNames& names, const ReadLimits& limits) : _names(names), _limits(limits) {}
 
     // Scenes nest as deep as their authors like, so the way down is kept here and not on the stack.
     SceneNodes run(SoNode& root)
@@ -66,9 +66,8 @@ public:
             else
                 leave();
         }
-        // Most loops are a Script's, which is not drawn.
-        if (_hasLoop)
-            refuseLoop(root);
+        if (_isShared && _result.problem.empty())
+            lookAtDrawing(root);
         return std::move(_result);
     }
 
@@ -78,20 +77,24 @@ private:
         const auto [place, isNew] = _isOpen.try_emplace(&source, true);
         if (isNew) {
             _branches.push_back({&source, createNode(source), _fields.nodesOf(source)});
-            if (_branches.size() > _deepest)
-                refuse("more than " + std::to_string(_deepest) + " nodes stand inside each other");
+            if (_branches.size() > _limits.sceneDepth)
+                refuse("more than " + std::to_string(_limits.sceneDepth) + " nodes stand inside each other");
         } else {
-            _hasLoop = _hasLoop || place->second;
+            _isShared = true;
         }
     }
 
-    void refuseLoop(SoNode& root)
+    /// Most loops are a Script's, which is not drawn; and a few nodes that are used twice each, one inside
+    /// the other, are more than can be drawn.
+    void lookAtDrawing(SoNode& root)
     {
-        SoNode* const node = DrawnLoop::find(root);
-        if (!node)
-            return;
-        const std::string name = _names.original(nameOf(*node).getString());
-        refuse((name.empty() ? "a node" : "'" + name + "'") + " stands inside itself");
+        const DrawnNodes drawn = DrawnNodes::of(root);
+        if (drawn.loop) {
+            const std::string name = _names.original(nameOf(*drawn.loop).getString());
+            refuse((name.empty() ? "a node" : "'" + name + "'") + " stands inside itself");
+        } else if (drawn.count > _limits.drawnNodes) {
+            refuse("more than " + std::to_string(_limits.drawnNodes) + " nodes are to be drawn");
+        }
     }
 
     void refuse(std::string problem)
@@ -145,20 +148,20 @@ private:
     }
 
     const NodeNames& _names;
-    const std::size_t _deepest;
+    const ReadLimits _limits;
     NodeFields _fields;
     SceneNodes _result;
     std::vector<Branch> _branches;
-    bool _hasLoop = false;
+    bool _isShared = false;                          ///< Some node is met again.
     std::unordered_map<const SoNode*, bool> _isOpen; ///< Of each visited node: its children are being built.
     std::unordered_map<std::int16_t, const osg::FieldContainerType*> _kinds;
 };
 
 } // namespace
 
-SceneNodes SceneBuilder::build(SoNode& root, const NodeNames& names, std::size_t deepest)
+SceneNodes SceneBuilder::build(SoNode& root, const NodeNames& names, const ReadLimits& limits)
 {
-    return Walk(names, deepest).run(root);
+    return Walk(names, limits).run(root);
 }
 
 } // namespace kthost

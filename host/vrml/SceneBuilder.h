@@ -44,10 +44,9 @@ public:
     /// fields of the file, all others are VrmlCores) and, where the file names it, a name attachment.
     ///
     /// A node that holds itself is walked once, and a problem: drawing it would never end. What only a Script
-    /// or an instance's fields hold is not drawn, so that is none. More than `deepest` nodes inside each
-    /// other are a problem too.
-    static SceneNodes build(SoNode& root, const NodeNames& names,
-                            std::size_t deepest = ReadLimits().sceneDepth);
+    /// or an instance's fields hold is not drawn, so that is none. More nodes inside each other, or more to
+    /// draw, than the limits allow are a problem too.
+    static SceneNodes build(SoNode& root, const NodeNames& names, const ReadLimits& limits = {});
 };
 
 } // namespace kthost

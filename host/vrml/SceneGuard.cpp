@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cmath>
 #include <csignal>
 #include <cstring>
 #include <string_view>
@@ -42,12 +43,13 @@ std::string notRunning(int error)
 /// Spawns the program with its ends of what connects it to the guard; it has no output.
 int spawn(const std::string& program, const ReadLimits& limits, int socket, int progress, pid_t& process)
 {
-    const std::string seconds = std::to_string(limits.seconds);
+    // None at all would be no limit.
+    const std::string microseconds = std::to_string(std::max(std::llround(limits.seconds * 1e6), 1LL));
     const std::string megabytes = std::to_string(limits.megabytes);
     const std::string brackets = std::to_string(limits.brackets);
     const std::string wordBytes = std::to_string(limits.wordBytes);
-    std::vector<const char*> words{program.c_str(),  seconds.c_str(),   megabytes.c_str(),
-                                   brackets.c_str(), wordBytes.c_str(), nullptr};
+    std::vector<const char*> words{program.c_str(),  microseconds.c_str(), megabytes.c_str(),
+                                   brackets.c_str(), wordBytes.c_str(),    nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     // Out of the way of the program's own, which they may be in a host that was started without these.
@@ -68,9 +70,10 @@ int spawn(const std::string& program, const ReadLimits& limits, int socket, int 
 bool waitForAnswer(int socket, double seconds)
 {
     pollfd answer{socket, POLLIN, 0};
+    constexpr double longest = 1e9; // milliseconds, more than a week
     int ready = 0;
     do {
-        ready = poll(&answer, 1, static_cast<int>(seconds * 1000.0));
+        ready = poll(&answer, 1, static_cast<int>(std::min(seconds * 1000.0, longest)));
     } while (ready < 0 && errno == EINTR);
     return ready > 0;
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <set>
 #include <utility>
+#include <vector>
 
 namespace kthost
 {
@@ -142,7 +143,7 @@ private:
             return false;
         VrmlLexer ahead = _lexer;
         std::set<std::string_view> lost;
-        if (!skipToClose(ahead, lost))
+        if (_unmatched.count(_lexer.position()) != 0 || !skipToClose(ahead, lost))
             return false;
         _lexer = ahead;
         _lost.merge(lost);
@@ -152,20 +153,24 @@ private:
     }
 
     /// To behind the bracket that matches the one before; collects the names that are defined on the way.
-    /// False where there is none.
-    static bool skipToClose(VrmlLexer& lexer, std::set<std::string_view>& names)
+    /// False where there is none; what stands open there is not looked for again, or a text of opening
+    /// brackets would take the square of its length.
+    bool skipToClose(VrmlLexer& lexer, std::set<std::string_view>& names)
     {
-        std::string open = "{";
+        std::vector<std::pair<char, std::size_t>> open{{'{', lexer.position()}};
         while (!open.empty()) {
             const VrmlLexer::Token token = lexer.next();
-            if (token.kind == Kind::End)
+            const bool isMismatch =
+                token.kind == Kind::Close && (token.text == "}") != (open.back().first == '{');
+            if (token.kind == Kind::End || isMismatch) {
+                for (const auto& bracket : open)
+                    _unmatched.insert(bracket.second);
                 return false;
+            }
             if (token.kind == Kind::Word && token.text == "DEF")
                 names.insert(lexer.nextWord());
             else if (token.kind == Kind::Open)
-                open += token.text;
-            else if (token.kind == Kind::Close && (token.text == "}") != (open.back() == '{'))
-                return false;
+                open.emplace_back(token.text.front(), lexer.position());
             else if (token.kind == Kind::Close)
                 open.pop_back();
         }
@@ -233,6 +238,7 @@ private:
     int _depth = 0;
     std::set<std::string_view> _prototypes; ///< Names of those declared so far.
     std::set<std::string_view> _defined;
+    std::set<std::size_t> _unmatched; ///< Behind which opening brackets there is no matching one.
     std::set<std::string_view> _lost; ///< Names that were defined in what is passed over.
 };
 

@@ -1,5 +1,5 @@
 // kthost-scene-check: reads scene files for SceneGuard, each in a process that may fail.
-//   kthost-scene-check SECONDS MEGABYTES BRACKETS WORD-BYTES
+//   kthost-scene-check MICROSECONDS MEGABYTES BRACKETS WORD-BYTES
 // CheckChannel says what it is connected with.
 #include "host/vrml/CheckChannel.h"
 #include "host/vrml/CheckProgress.h"
@@ -144,7 +144,7 @@ int main(int argc, char** argv)
     ReadLimits limits;
     if (argc != 5)
         return 2;
-    limits.seconds = std::strtod(argv[1], nullptr);
+    limits.seconds = static_cast<double>(std::strtoll(argv[1], nullptr, 10)) / 1e6;
     limits.megabytes = std::strtoul(argv[2], nullptr, 10);
     limits.brackets = std::strtoul(argv[3], nullptr, 10);
     limits.wordBytes = std::strtoul(argv[4], nullptr, 10);

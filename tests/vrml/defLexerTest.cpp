@@ -210,6 +210,9 @@ TEST_F(DefLexerTest, RefusesLongerWordsThanTheLimitButNotNamesAndStrings)
         header + "DEF " + word + " Group {} USE " + word + " \"" + word + "\" #" + word, names, limits));
     const ReaderText refused = DefLexer::rewrite(header + "Group {\n" + word + " 3 }", names, limits);
     EXPECT_EQ(refused.problem, "a word of 11 bytes");
+    EXPECT_TRUE(DefLexer::rewrite(header + "ROUTE " + word + ".a TO " + word + ".b", names, limits));
+    for (const std::string& ends : {"A." + word + " TO A.b", "A.b TO A." + word, word + " TO A.b"})
+        EXPECT_EQ(DefLexer::rewrite(header + "ROUTE " + ends, names, limits).problem, "a word of 11 bytes");
     EXPECT_EQ(refused.line, 3U);
 }
 

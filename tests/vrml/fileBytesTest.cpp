@@ -56,6 +56,20 @@ TEST_F(FileBytesTest, UnpacksSeveralMembersAndIgnoresWhatFollows)
               "one two");
 }
 
+TEST_F(FileBytesTest, RefusesWhatUnpacksToMoreThanTheLimitInOneMemberOrInMany)
+{
+    constexpr std::size_t megabyte = 1U << 20U;
+    const std::string member = gzip(std::string(megabyte / 8, ' '));
+    std::string many;
+    for (int i = 0; i < 80; ++i)
+        many += member;
+    for (const std::string& bytes : {gzip(std::string(10 * megabyte, ' ')), many}) {
+        EXPECT_FALSE(FileBytes::readUnpacked(folder.write("file", bytes), error, 9 * megabyte));
+        EXPECT_EQ(error, "the gzip stream unpacks to more than 9 megabytes");
+        EXPECT_TRUE(FileBytes::readUnpacked(folder.path("file"), error, 10 * megabyte));
+    }
+}
+
 TEST_F(FileBytesTest, RefusesAStreamThatIsCutShort)
 {
     const std::string packed = gzip("Transform { children [ Shape {} ] }");

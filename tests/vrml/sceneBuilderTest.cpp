@@ -1,5 +1,6 @@
 #include "host/vrml/SceneBuilder.h"
 
+#include "host/vrml/DrawnNodes.h"
 #include "tests/vrml/BuiltScene.h"
 #include "tests/vrml/SceneFiles.h"
 
@@ -199,9 +200,31 @@ TEST_F(SceneBuilderTest, MoreNodesInsideEachOtherThanTheLimitAreAProblem)
 {
     const test::BuiltScene scene = build("Group { children Group { children Group {} } }");
     EXPECT_EQ(scene.nodes.problem, "");
-    EXPECT_EQ(SceneBuilder::build(*scene.reading.root, scene.reading.names, 2).problem,
+    ReadLimits limits;
+    limits.sceneDepth = 2;
+    EXPECT_EQ(SceneBuilder::build(*scene.reading.root, scene.reading.names, limits).problem,
               "more than 2 nodes stand inside each other");
-    EXPECT_EQ(SceneBuilder::build(*scene.reading.root, scene.reading.names, 3).problem, "");
+    limits.sceneDepth = 3;
+    EXPECT_EQ(SceneBuilder::build(*scene.reading.root, scene.reading.names, limits).problem, "");
+}
+
+TEST_F(SceneBuilderTest, WhatIsDrawnIsCountedAsOftenAsItIsUsed)
+{
+    std::string text = "DEF G0 Group {}";
+    for (int i = 1; i <= 60; ++i) {
+        const std::string below = "USE G" + std::to_string(i - 1);
+        text += " DEF G" + std::to_string(i) + " Group { children [ " + below + " " + below + " ] }";
+    }
+    EXPECT_EQ(build(text).nodes.problem, "more than 10000000 nodes are to be drawn");
+
+    const test::BuiltScene twice = build("Group { children [ DEF A Group { children Group {} } USE A ] }");
+    const test::BuiltScene once = build("Group { children [ DEF A Group { children Group {} } ] }");
+    ReadLimits limits;
+    limits.drawnNodes = DrawnNodes::of(*once.reading.root).count + 2; // the two of A once more
+    EXPECT_EQ(SceneBuilder::build(*twice.reading.root, twice.reading.names, limits).problem, "");
+    --limits.drawnNodes;
+    EXPECT_EQ(SceneBuilder::build(*twice.reading.root, twice.reading.names, limits).problem,
+              "more than " + std::to_string(limits.drawnNodes) + " nodes are to be drawn");
 }
 
 } // namespace

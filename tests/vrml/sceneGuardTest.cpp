@@ -84,6 +84,26 @@ TEST_F(SceneGuardTest, TellsOfAFileThatTakesTooLong)
               "the reader takes longer than 0.2 s for it");
 }
 
+TEST_F(SceneGuardTest, NoTimeIsALimitToo)
+{
+    ReadLimits limits;
+    limits.seconds = 1e-9;
+    EXPECT_EQ(verdict(folder.writeScene("long.wrl", explosion(4)), limits),
+              "the reader takes longer than 1e-06 s for it");
+}
+
+TEST_F(SceneGuardTest, ALinkIsCheckedWithTheFilesBesideIt)
+{
+    folder.makeFolder("a");
+    folder.makeFolder("b");
+    folder.writeScene("a/part.wrl", nested(20000));
+    const std::string link = folder.path("a/scene.wrl");
+    std::filesystem::create_symlink(folder.writeScene("b/scene.wrl", "Inline { url \"part.wrl\" }"), link);
+    SceneGuard guard(KT_SCENE_CHECK, anyBrackets());
+    EXPECT_EQ(SceneReader::read(link, {}, &guard).error,
+              link + ": it is nested too deep for the reader, or without end");
+}
+
 TEST_F(SceneGuardTest, TellsOfAFileThatTakesTooMuchMemory)
 {
 #ifdef __SANITIZE_ADDRESS__

@@ -125,6 +125,17 @@ TEST_F(SceneReaderTest, RefusesAnInlineOfAFileThatIsBeingRead)
     EXPECT_NE(scene.reading.warnings.entries()[0].text.find("the file refers to itself"), std::string::npos);
 }
 
+TEST_F(SceneReaderTest, ReadsALibraryOnceThatIsOfNoUse)
+{
+    folder.writeScene("broken.wrl", "Unknown {} Group {");
+    std::string text;
+    for (int i = 0; i < 5; ++i)
+        text += "EXTERNPROTO P" + std::to_string(i) + " [] \"broken.wrl\"\n";
+    const test::BuiltScene scene(folder.writeScene("scene.wrl", text + "Group {}"));
+    ASSERT_TRUE(scene.reading) << scene.reading.error;
+    EXPECT_EQ(scene.reading.warnings.total(), 6U) << "of the unknown node one, and one for each prototype";
+}
+
 TEST_F(SceneReaderTest, ReadsExternalPrototypes)
 {
     folder.writeScene("library.wrl",

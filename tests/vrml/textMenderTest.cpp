@@ -83,6 +83,15 @@ TEST_F(TextMenderTest, LeavesAnUnknownNodeWhoseBracesDoNotMatch)
     }
 }
 
+TEST_F(TextMenderTest, LooksForAMatchOnceHoweverManyBracketsHaveNone)
+{
+    std::string text;
+    for (int i = 0; i < 300000; ++i)
+        text += "Unknown{";
+    EXPECT_EQ(mend(text), text); // the square of it would take an hour
+    EXPECT_EQ(mend("Unknown{ [ } Unknown{Unknown{}}"), "Unknown{ [ } Group {}");
+}
+
 TEST_F(TextMenderTest, ReferencesToWhatWasPassedOverAreNull)
 {
     EXPECT_EQ(mend("DEF U Foo { DEF A Box {} DEF B Box {} } USE A USE U DEF B Box {} USE B USE C"),
