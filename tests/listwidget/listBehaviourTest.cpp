@@ -8,6 +8,8 @@
 #include <QMetaMethod>
 #include <QMimeData>
 
+#include <memory>
+
 namespace
 {
 
@@ -54,11 +56,11 @@ TEST_F(ListBehaviourTest, IsSetUpForItsUse)
 
 TEST_F(ListBehaviourTest, ADropIsRefused)
 {
-    QMimeData text;
-    text.setText("Door");
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    // What a list takes from a list, and nothing else.
+    const std::unique_ptr<QMimeData> row(list().model()->mimeData({list().model()->index(1, 0)}));
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, row.get(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(list().viewport(), &enter);
-    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, row.get(), Qt::LeftButton, Qt::NoModifier);
     drop.ignore();
     QApplication::sendEvent(list().viewport(), &drop);
 

@@ -101,6 +101,18 @@ TEST_F(FailuresTest, AFailedLoadLeavesTheRecordsLoadedSoFar)
     EXPECT_EQ(module().findAnimation("Door")->startKey, 'D');
 }
 
+TEST_F(FailuresTest, AFailedLoadForgetsTheSelectedRecordThatItDestroyed)
+{
+    addRecord("Old");
+    module()._current = &module()._animations.front();
+    ktFileIO::getProject().set("_loading", true, false);
+    ktFileIO::getProject().set("Animations", Strings{undecodable, "", "", ""});
+
+    receive(8192);
+
+    EXPECT_EQ(module()._current, nullptr);
+}
+
 TEST_F(FailuresTest, AfterAFailureTheNextMessageIsHandled)
 {
     addTimeSensor("Door");

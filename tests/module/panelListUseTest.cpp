@@ -5,6 +5,8 @@
 #include <kt/ktSelectionManager.h>
 #include <osg/FieldContainerType.h>
 
+#include <memory>
+
 namespace
 {
 
@@ -226,10 +228,9 @@ TEST_F(PanelListUseTest, TheDeleteKeyIsPassedOnEvenWithNothingSelected)
 
 TEST_F(PanelListUseTest, NothingCanBeDroppedOnTheList)
 {
-    QMimeData data;
-    data.setText("Door");
+    const std::unique_ptr<QMimeData> row(list().model()->mimeData({list().model()->index(1, 0)}));
     const QPoint point = list().viewport()->mapTo(&window, centreOf(1));
-    QDragEnterEvent enter(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(point, Qt::CopyAction | Qt::MoveAction, row.get(), Qt::LeftButton, Qt::NoModifier);
     enter.ignore();
 
     QCoreApplication::sendEvent(window.windowHandle(), &enter);

@@ -28,6 +28,16 @@ TEST_F(CommentPropertyTest, WhatIsTypedIsStored)
     EXPECT_TRUE(module().findAnimation("Fan")->comment.isEmpty());
 }
 
+/// A line edit holds so many characters, which is what a plain line of the form takes.
+TEST_F(CommentPropertyTest, WhatIsLongerThanTheFieldHoldsIsCutWhenItIsShown)
+{
+    door.comment = QString(40000, 'x');
+
+    select({"Door"});
+
+    EXPECT_EQ(door.comment.size(), 32767);
+}
+
 TEST_F(CommentPropertyTest, AnEmptiedCommentIsStored)
 {
     door.comment = "front";

@@ -2,6 +2,8 @@
 #include "panel/ktAnimationGUIW.h"
 #include "tests/support/ModuleFixture.h"
 
+#include <kt/ktMessage.h>
+
 namespace
 {
 
@@ -32,6 +34,21 @@ TEST_F(StaleRecordsTest, AnInsertedNameThatNoNodeCarriesGoes)
     scan();
 
     EXPECT_EQ(records(), QStringList{"Door"});
+}
+
+TEST_F(StaleRecordsTest, ALoadedNameThatNoNodeCarriesGoes)
+{
+    ktMessage project;
+    project.set("Animations",
+                std::vector<std::string>{"Nowhere", "gone", "", "", "Door", "kept", "Shift D", ""});
+    module().animationLoad(project);
+    addTimeSensor("Door");
+    ASSERT_EQ(records(), (QStringList{"Nowhere", "Door"}));
+
+    scan();
+
+    EXPECT_EQ(records(), QStringList{"Door"});
+    EXPECT_EQ(module()._animations.front().comment, "kept");
 }
 
 TEST_F(StaleRecordsTest, AVanishedNameOutsideAsciiStays)
