@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -15,6 +16,8 @@ using testing::KilledBySignal;
 
 namespace
 {
+
+constexpr int longEnough = 60000; // milliseconds
 
 void say(const char* word)
 {
@@ -83,4 +86,61 @@ TEST(EndSignalsDeathTest, ThoseThatAreIgnoredStaySo)
             std::exit(7);
         },
         testing::ExitedWithCode(7), testing::StrEq(""));
+}
+
+TEST(EndSignalsDeathTest, GoToTheOneThatTakesThemOverAndThenEndTheProgram)
+{
+    EXPECT_EXIT(
+        {
+            EndSignals::watch();
+            const EndSignals::HandOver taker(longEnough);
+            std::raise(SIGINT);
+            std::raise(SIGTERM); // changes nothing
+            std::uint64_t count = 0;
+            if (read(taker.descriptor(), &count, sizeof count) > 0)
+                say(EndSignals::HandOver::signalName());
+            {
+                const EndSignals::Hold whatIsPutInOrder;
+            }
+            say(" late");
+            EndSignals::HandOver::end();
+        },
+        KilledBySignal(SIGINT), testing::StrEq("SIGINT late"));
+}
+
+TEST(EndSignalsDeathTest, EndTheProgramWhereTheOneThatTakesThemOverIsStuck)
+{
+    EXPECT_EXIT(
+        {
+            EndSignals::watch();
+            const EndSignals::HandOver taker(1);
+            std::raise(SIGTERM);
+            while (true)
+                pause();
+        },
+        KilledBySignal(SIGTERM), testing::StrEq(""));
+}
+
+TEST(EndSignalsDeathTest, EndTheProgramWhereTheOneThatTakesThemOverGoes)
+{
+    EXPECT_EXIT(
+        {
+            EndSignals::watch();
+            {
+                const EndSignals::HandOver taker(longEnough);
+                std::raise(SIGHUP);
+                say("now");
+            }
+            say(" late");
+        },
+        KilledBySignal(SIGHUP), testing::StrEq("now"));
+    EXPECT_EXIT(
+        {
+            EndSignals::watch();
+            {
+                const EndSignals::HandOver taker(longEnough);
+            }
+            std::raise(SIGHUP);
+        },
+        KilledBySignal(SIGHUP), testing::StrEq(""));
 }

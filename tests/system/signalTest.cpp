@@ -49,6 +49,20 @@ QList<qint64> childrenOf(qint64 process)
     return children;
 }
 
+/// The words that make a program the first process of a container; empty where this system allows none.
+QStringList containerWords()
+{
+    for (const QStringList& words :
+         {QStringList{"unshare", "--fork", "--pid"},
+          QStringList{"unshare", "--user", "--map-root-user", "--fork", "--pid"}}) {
+        QProcess trial;
+        trial.start(words.first(), words.mid(1) + QStringList("true"));
+        if (trial.waitForFinished() && trial.exitStatus() == QProcess::NormalExit && trial.exitCode() == 0)
+            return words;
+    }
+    return {};
+}
+
 /// A process that nobody has asked about yet counts as ended.
 bool isAlive(qint64 process)
 {
@@ -121,6 +135,29 @@ INSTANTIATE_TEST_SUITE_P(Moments, SignalAt,
                          testing::Values("static", "initPlugin", "changedScene", "loop", "save",
                                          "pythonStart", "getWidget", "destructor"),
                          [](const auto& moment) { return std::string(moment.param); });
+
+TEST_F(Signal, EndsTheFirstProcessOfAContainerToo)
+{
+    const QStringList container = containerWords();
+    if (container.isEmpty())
+        GTEST_SKIP() << "this system makes no containers";
+    for (const char* moment : {"loop", "save"}) {
+        QProcess host;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("KT_FAULT", moment);
+        environment.insert("KT_KIND", QString::number(SIGTERM));
+        host.setProcessEnvironment(environment);
+        host.start(container.first(),
+                   container.mid(1) + QStringList{KT_BUILD_DIR "/bin/kthost", "--headless", "--plugin",
+                                                  KT_BUILD_DIR "/tests/plugins/faults/faults.so",
+                                                  folder.filePath("door.wrl"), "--run", "0.1", "--save",
+                                                  folder.filePath("p.ktproj")});
+        ASSERT_TRUE(host.waitForFinished(longEnough)) << moment;
+        EXPECT_EQ(host.exitCode(), 128 + SIGTERM) << moment;
+        EXPECT_EQ(host.readAllStandardError(), "");
+        EXPECT_EQ(files(), QStringList("door.wrl")) << moment;
+    }
+}
 
 TEST_F(Signal, WhileASceneIsCheckedEndsTheCheckToo)
 {
