@@ -1,9 +1,8 @@
 #include "host/app/FrameLoop.h"
 
-#include "host/app/Failures.h"
-
 #include <kt/NodeUtils.h>
 #include <kt/ktController.h>
+#include <kt/ktFailures.h>
 #include <kt/ktMessage.h>
 #include <kt/ktMessageId.h>
 #include <kt/ktModuleBase.h>
@@ -27,7 +26,7 @@ void callModules(void (ktModuleBase::*call)(), const char* what)
 {
     ktModuleBase::forEach([&](ktModuleBase& module) {
         const std::string name = module.moduleName().toStdString();
-        Failures::survived([&] { return name + ": " + what; }, [&] { (module.*call)(); });
+        ktFailures::survived([&] { return name + ": " + what; }, [&] { (module.*call)(); });
     });
 }
 
@@ -67,7 +66,7 @@ void FrameLoop::advanceTo(double now)
     const std::vector<SceneSensor> present = sensors(); // what an edit leads to may change the scene
     for (const SceneSensor& entry : present) {
         // It tells a core that may be of a plug-in's own class.
-        Failures::survived([&] { return placeOf(entry); }, [&] { entry.sensor->advance(time); });
+        ktFailures::survived([&] { return placeOf(entry); }, [&] { entry.sensor->advance(time); });
     }
     settle();
 }

@@ -1,6 +1,6 @@
 #include "host/app/HostApplication.h"
 
-#include "host/app/Failures.h"
+#include <kt/ktFailures.h>
 
 #include <QEvent>
 #include <QFileInfo>
@@ -67,8 +67,8 @@ bool HostApplication::notify(QObject* receiver, QEvent* event)
     const QMetaObject* known = receiver->metaObject();
     const QEvent::Type type = event->type();
     bool result = false;
-    Failures::survived([&] { return placeOf(classes, known, type); },
-                       [&] { result = QApplication::notify(receiver, event); });
+    ktFailures::survived([&] { return placeOf(classes, known, type); },
+                         [&] { result = QApplication::notify(receiver, event); });
     return result;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <algorithm>
+#include <kt/ktFailures.h>
+
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -32,20 +33,13 @@ public:
 
     /// `line` says both already.
     HostError(ExitStatus status, std::string line)
-        : std::runtime_error(inOneLine(std::move(line))), _status(status)
+        : std::runtime_error(ktFailures::inOneLine(std::move(line))), _status(status)
     {
     }
 
     ExitStatus status() const { return _status; }
 
 private:
-    static std::string inOneLine(std::string text)
-    {
-        std::replace_if(
-            text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-        return text;
-    }
-
     ExitStatus _status;
 };
 

@@ -1,8 +1,15 @@
 #include "host/app/LastWords.h"
 
+#include <kt/ktFailures.h>
+
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <thread>
 
 namespace kthost
 {
@@ -11,28 +18,47 @@ namespace
 
 const char* const noPlace = "an exception that nobody catches";
 
+/// In seconds: what is at fault may keep the rescue from coming to its end.
+constexpr unsigned int longestRescue = 5;
+
 std::string place = noPlace;
 int placeStatus = static_cast<int>(ExitStatus::Broken);
 int finalStatus = 0;
+std::thread::id mainThread;
+LastWords::Rescue rescuer;
+std::atomic<bool> isSaying{false};
 
-std::string present()
+[[noreturn]] void endTheLine(int)
 {
-    const std::exception_ptr exception = std::current_exception();
-    try {
-        if (exception)
-            std::rethrow_exception(exception);
-        return "the program was told to end";
-    } catch (const std::exception& error) {
-        return error.what();
-    } catch (...) {
-        return "an unknown exception";
-    }
+    const char end = '\n';
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, &end, 1);
+    std::_Exit(placeStatus);
+}
+
+/// Where so much is wrong already, a rescue may crash or hang. Then it is the end all the same.
+std::string carefullyRescued()
+{
+    for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGALRM})
+        std::signal(signal, endTheLine);
+    alarm(longestRescue);
+    return LastWords::rescued();
 }
 
 [[noreturn]] void sayAndEnd()
 {
-    const HostError error(static_cast<ExitStatus>(placeStatus), place, present());
-    std::fprintf(stderr, "kthost: %s\n", error.what());
+    if (isSaying.exchange(true)) {
+        if (std::this_thread::get_id() == mainThread)
+            endTheLine(0); // it is the rescue that failed
+        while (true)
+            pause(); // the other thread's words come first
+    }
+    const std::string why = std::current_exception() ? ktFailures::present() : "the program was told to end";
+    const HostError error(static_cast<ExitStatus>(placeStatus), place, why);
+    std::fprintf(stderr, "kthost: %s", error.what());
+    std::fflush(stderr);
+    if (std::this_thread::get_id() == mainThread)
+        std::fprintf(stderr, "%s", ktFailures::inOneLine(carefullyRescued()).c_str());
+    std::fprintf(stderr, "\n");
     std::fflush(stdout);
     std::_Exit(placeStatus); // what is at fault is still there: nothing of it is touched again
 }
@@ -41,6 +67,7 @@ std::string present()
 
 void LastWords::prepare()
 {
+    mainThread = std::this_thread::get_id();
     std::set_terminate(sayAndEnd);
 }
 
@@ -52,6 +79,25 @@ void LastWords::setStatus(int status)
 int LastWords::status()
 {
     return finalStatus;
+}
+
+LastWords::Rescuer::Rescuer(Rescue rescue)
+{
+    rescuer = std::move(rescue);
+}
+
+LastWords::Rescuer::~Rescuer()
+{
+    rescuer = nullptr;
+}
+
+std::string LastWords::rescued()
+{
+    std::string words;
+    std::string why;
+    if (rescuer && ktFailures::threw([&] { words = rescuer(); }, why))
+        words = "what was not saved is lost: " + why;
+    return words.empty() ? std::string() : "; " + words;
 }
 
 LastWords::While::While(std::string what, int status)

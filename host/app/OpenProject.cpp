@@ -17,6 +17,10 @@ namespace kthost
 namespace
 {
 
+/// In place of a number of modules that failed, in what was saved: what they keep is not in it, so that a
+/// save is always due.
+constexpr int incomplete = -1;
+
 bool areSame(const ktMessage::Attributes& a, const ktMessage::Attributes& b)
 {
     const auto isSame = [](const auto& first, const auto& second) {
@@ -87,8 +91,8 @@ ktMessage::Attributes OpenProject::persistent(bool warn) const
 OpenProject::Saved OpenProject::wouldSave(const QString& scene) const
 {
     const ProjectProbe probe;
-    tellModules(ProjectStep::Save);
-    return {scene, persistent(false)};
+    const int failed = tellModules(ProjectStep::Save);
+    return {scene, persistent(false), failed};
 }
 
 void OpenProject::settle(const QString& scene)
@@ -101,7 +105,8 @@ bool OpenProject::isModified(const QString& scene) const
     if (!_settled)
         return false; // nothing was ever open
     const Saved now = wouldSave(scene);
-    return now.scene != _settled->scene || !areSame(now.attributes, _settled->attributes);
+    return now.scene != _settled->scene || now.failedModules != _settled->failedModules ||
+           !areSame(now.attributes, _settled->attributes);
 }
 
 Project OpenProject::next(const QString& file, const QString& scene, bool warn) const
@@ -113,21 +118,23 @@ Project OpenProject::next(const QString& file, const QString& scene, bool warn) 
     return next;
 }
 
-void OpenProject::save(const QString& file, const QString& scene)
+int OpenProject::save(const QString& file, const QString& scene)
 {
-    tellModules(ProjectStep::Save);
+    const int failed = tellModules(ProjectStep::Save);
     Project saved = next(file, scene, true);
     write(saved, file);
-    _settled = Saved{scene, saved.attributes};
+    _settled = Saved{scene, saved.attributes, failed > 0 ? incomplete : 0};
     _read = std::move(saved);
     _file = file;
+    return failed;
 }
 
-void OpenProject::writeCopy(const QString& file, const QString& scene) const
+int OpenProject::writeCopy(const QString& file, const QString& scene) const
 {
     const ProjectProbe probe;
-    tellModules(ProjectStep::Save);
+    const int failed = tellModules(ProjectStep::Save);
     write(next(file, scene, false), file);
+    return failed;
 }
 
 } // namespace kthost

@@ -27,23 +27,27 @@ public:
     /// What a save would write now, with this scene, is from now on what counts as unmodified.
     void settle(const QString& scene);
 
-    /// Whether a save would write something else than at the last settle(), load() or save(). Modules are
-    /// asked with message 8192, as for a save; the project stays as it is.
+    /// Whether a save would write something else than at the last settle(), load() or save(), or more or
+    /// fewer modules fail to say what they keep. Modules are asked with message 8192, as for a save; the
+    /// project stays as it is.
     bool isModified(const QString& scene) const;
 
     /// Asks modules with message 8192, then writes the file. Throws HostError (BadFile) where it cannot be
-    /// written; the project then stays as modified as it was.
-    void save(const QString& file, const QString& scene);
+    /// written; the project then stays as modified as it was. Answers how many modules failed to say what
+    /// they keep: the file has what the project had of them, and the project is modified until it is saved
+    /// with all that they keep.
+    int save(const QString& file, const QString& scene);
 
     /// Asks modules and writes the file as a save does, but all stays as it was: for a copy beside the
-    /// project.
-    void writeCopy(const QString& file, const QString& scene) const;
+    /// project. Answers how many modules failed.
+    int writeCopy(const QString& file, const QString& scene) const;
 
 private:
     struct Saved
     {
         QString scene;
         ktMessage::Attributes attributes;
+        int failedModules; ///< So many did not say what they keep.
     };
 
     /// The attributes of ktFileIO::getProject() that go into a file. Those of types that no file can hold are

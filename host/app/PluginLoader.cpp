@@ -1,9 +1,9 @@
 #include "host/app/PluginLoader.h"
 
-#include "host/app/Failures.h"
 #include "host/app/LastWords.h"
 
 #include <kt/ktController.h>
+#include <kt/ktFailures.h>
 #include <kt/ktLog.h>
 #include <kt/ktModuleBase.h>
 #include <kt/ktOSGWidget.h>
@@ -17,7 +17,7 @@
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <exception>
+#include <cstring>
 
 namespace kthost
 {
@@ -46,18 +46,13 @@ QString refusal(QLibrary& library, InitFunction& init)
     return {};
 }
 
-/// What `call` threw, as text; empty where it threw nothing.
+/// What `call` threw, as a line; empty where it threw nothing.
 template <class Call>
 QString thrownBy(Call&& call)
 {
-    try {
-        call();
-        return {};
-    } catch (const std::exception& error) {
-        return QStringLiteral("it threw: %1").arg(QString::fromUtf8(error.what()).simplified());
-    } catch (...) {
-        return QStringLiteral("it threw an unknown exception");
-    }
+    std::string what;
+    return ktFailures::threw(call, what) ? QStringLiteral("it threw: ") + QString::fromStdString(what)
+                                         : QString();
 }
 
 /// Where the code of a library is loaded; null for a place that is no code.
@@ -67,16 +62,45 @@ const void* baseOf(const void* place)
     return dladdr(place, &info) != 0 ? info.dli_fbase : nullptr;
 }
 
+const void* baseOf(QLibrary& library)
+{
+    return baseOf(reinterpret_cast<const void*>(library.resolve("initPlugin")));
+}
+
+/// Where the code of a module's class is loaded, by its table of virtual functions.
+const void* baseOf(const ktModuleBase& module)
+{
+    const void* table = nullptr;
+    std::memcpy(&table, static_cast<const void*>(&module), sizeof table);
+    return baseOf(table);
+}
+
 /// No callback of the library is called any more, whether it took them back or not.
 void dropCallbacksOf(QLibrary& library)
 {
-    const void* base = baseOf(reinterpret_cast<const void*>(library.resolve("initPlugin")));
+    const void* base = baseOf(library);
     const auto isOfLibrary = [base](auto callback) {
         return baseOf(reinterpret_cast<const void*>(callback)) == base;
     };
     ktController::dropCallbacks(isOfLibrary);
     ktOSGWidget::dropCallbacks(isOfLibrary);
     ktPythonInit::dropCallbacks(isOfLibrary);
+}
+
+bool contains(const std::vector<ktModuleBase*>& modules, ktModuleBase* module)
+{
+    return std::find(modules.begin(), modules.end(), module) != modules.end();
+}
+
+/// The living modules that are not among the known ones.
+std::vector<ktModuleBase*> modulesBut(const std::vector<ktModuleBase*>& known)
+{
+    std::vector<ktModuleBase*> others;
+    for (ktModuleBase* module : ktModuleBase::modules()) {
+        if (!contains(known, module))
+            others.push_back(module);
+    }
+    return others;
 }
 
 QList<QDockWidget*> presentDocks()
@@ -130,16 +154,15 @@ QString PluginLoader::load(const QString& file)
     const QString thrown = thrownBy(init);
     if (!thrown.isEmpty()) {
         dropCallbacksOf(*library);
+        ktModuleBase::drop([&before](ktModuleBase* module) { return !contains(before, module); });
         dropDocksBut(docks);
         return thrown;
     }
-    Plugin plugin{std::move(library), {}};
-    for (ktModuleBase* module : ktModuleBase::modules()) {
-        if (std::find(before.begin(), before.end(), module) == before.end())
-            plugin.modules.push_back(module);
-    }
-    _plugins.push_back(std::move(plugin));
-    for (ktModuleBase* module : _plugins.back().modules) {
+    const std::vector<ktModuleBase*> made = modulesBut(before);
+    _plugins.push_back({std::move(library), made});
+    for (ktModuleBase* module : made) {
+        if (!contains(ktModuleBase::modules(), module))
+            continue; // another one's init() took it away
         const QString failure = thrownBy([module] { module->init(); });
         if (!failure.isEmpty())
             ktLog::error("%s: init: %s", qPrintable(file), qPrintable(failure));
@@ -162,17 +185,30 @@ int PluginLoader::loadFolder(const QString& folder)
     return loaded;
 }
 
-bool PluginLoader::removePanels(const Plugin& plugin)
+std::vector<ktModuleBase*> PluginLoader::modulesOf(const Plugin& plugin)
+{
+    const void* base = baseOf(*plugin.library);
+    std::vector<ktModuleBase*> living;
+    for (ktModuleBase* module : ktModuleBase::modules()) {
+        if (contains(plugin.modules, module) || baseOf(*module) == base)
+            living.push_back(module);
+    }
+    return living;
+}
+
+bool PluginLoader::removePanels(const std::vector<ktModuleBase*>& modules)
 {
     bool isGone = true;
-    for (ktModuleBase* module : plugin.modules) {
+    for (ktModuleBase* module : modules) {
+        if (!contains(ktModuleBase::modules(), module))
+            continue; // it went with another one's panel
         const std::string name = module->moduleName().toStdString();
-        isGone &= Failures::survived([&] { return name + ": getWidget"; },
-                                     [&] {
-                                         QWidget* panel = module->getWidget();
-                                         if (panel && ktController::getDockWindowManager())
-                                             ktController::getDockWindowManager()->remove(panel);
-                                     });
+        isGone &= ktFailures::survived([&] { return name + ": getWidget"; },
+                                       [&] {
+                                           QWidget* panel = module->getWidget();
+                                           if (panel && ktController::getDockWindowManager())
+                                               ktController::getDockWindowManager()->remove(panel);
+                                       });
     }
     return isGone;
 }
@@ -182,13 +218,17 @@ void PluginLoader::unloadAll()
     while (!_plugins.empty()) {
         Plugin plugin = std::move(_plugins.back());
         _plugins.pop_back();
-        const bool isPanelGone = removePanels(plugin);
+        const std::vector<ktModuleBase*> modules = modulesOf(plugin);
+        const bool isPanelGone = removePanels(modules);
         dropCallbacksOf(*plugin.library);
         const LastWords::While unloading("plug-in " + plugin.library->fileName().toStdString() +
                                              ": it threw while it was unloaded",
                                          LastWords::status());
-        if (isPanelGone)
-            plugin.library->unload();
+        if (!isPanelGone)
+            continue;
+        plugin.library->unload();
+        // Those that nothing destroyed have no code any more.
+        ktModuleBase::drop([&modules](ktModuleBase* module) { return contains(modules, module); });
     }
 }
 

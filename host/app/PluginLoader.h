@@ -29,7 +29,8 @@ public:
     /// Loads one library, calls its initPlugin(), then init() of the modules it made. The answer is empty, or
     /// one line that says why it was refused: it cannot be loaded, lacks an entry point, has another version
     /// than the host, or threw. A refused library leaves nothing behind; of one that threw docks
-    /// and callbacks go, but its code stays in memory, since what else it had made may be in use.
+    /// and callbacks go and modules are not known any more, but its code stays in memory, since what else it
+    /// had made may be in use.
     QString load(const QString& file);
 
     /// Loads each library (*.so) of a folder in the order of the names. A refused one is logged and passed
@@ -47,12 +48,15 @@ private:
     struct Plugin
     {
         std::unique_ptr<QLibrary> library;
-        std::vector<ktModuleBase*> modules;
+        std::vector<ktModuleBase*> modules; ///< That initPlugin() made; they may be gone.
     };
+
+    /// Its modules that live: of those that initPlugin() made, and what its code has made since.
+    static std::vector<ktModuleBase*> modulesOf(const Plugin& plugin);
 
     /// They belong to the main window, which would destroy them when their code is gone. False where a module
     /// fails at it: its code must stay.
-    static bool removePanels(const Plugin& plugin);
+    static bool removePanels(const std::vector<ktModuleBase*>& modules);
 
     std::vector<Plugin> _plugins;
 };

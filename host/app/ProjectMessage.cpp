@@ -12,17 +12,24 @@ const char* const loadingKey = "_loading";
 
 } // namespace
 
-void tellModules(ProjectStep step)
+int tellModules(ProjectStep step)
 {
     ktMessage& project = ktFileIO::getProject();
     // A module may ask the others from within its own turn; the turn then goes on as it was.
     const boost::any before = project.get(loadingKey);
     project.set(loadingKey, step == ProjectStep::Load, false);
-    ktController::deliver(project);
+    const int failed = ktController::deliver(project);
     if (before.empty())
         project.remove(loadingKey);
     else
         project.set(loadingKey, before, false);
+    return failed;
+}
+
+std::string saidOfFailures(int modules)
+{
+    return modules == 1 ? "a module failed to say what it keeps"
+                        : std::to_string(modules) + " modules failed to say what they keep";
 }
 
 ProjectProbe::ProjectProbe() : _before(ktFileIO::getProject()) {}

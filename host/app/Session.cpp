@@ -1,5 +1,7 @@
 #include "host/app/Session.h"
 
+#include "host/app/ProjectMessage.h"
+#include "host/app/RescueFile.h"
 #include "host/project/ProjectError.h"
 #include "host/project/ProjectFile.h"
 #include "host/project/ScenePath.h"
@@ -207,22 +209,21 @@ void Session::show(std::unique_ptr<Scene> scene, const QString& file)
 void Session::save(const QString& project)
 {
     const auto busy = beBusyWith(project);
-    _project.save(QFileInfo(project).absoluteFilePath(), _file);
+    const int failed = _project.save(QFileInfo(project).absoluteFilePath(), _file);
     emit projectSaved();
+    if (failed > 0)
+        throw HostError(ExitStatus::BadFile, project.toStdString(), "saved, but " + saidOfFailures(failed));
 }
 
-QString Session::rescue() const
+Session::Rescued Session::rescue() const
 {
     const QString shown = projectFile().isEmpty() ? _file : projectFile();
     if (shown.isEmpty() || !isModified())
         return {};
-    const QFileInfo open(shown);
-    const QString name = open.absolutePath() + QLatin1Char('/') + open.completeBaseName();
-    QString file = name + QLatin1String(".rescued.ktproj");
-    for (int i = 2; QFileInfo::exists(file); ++i)
-        file = name + QStringLiteral(".rescued-%1.ktproj").arg(i);
-    _project.writeCopy(file, _file);
-    return file;
+    Rescued rescued;
+    rescued.file = RescueFile::write(
+        shown, [&](const QString& file) { rescued.failedModules = _project.writeCopy(file, _file); });
+    return rescued;
 }
 
 void Session::close()

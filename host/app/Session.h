@@ -65,13 +65,22 @@ public:
 
     /// Saves what modules keep in the project, and which scene is open, under a name that ends in ".ktproj".
     /// Modules are told with message 8192. Throws HostError (BadFile) where the file cannot be written; what
-    /// was there stays.
+    /// was there stays. Throws HostError (BadFile), too, where modules fail to say what they keep: the
+    /// project is saved with what it has of them, and stays modified.
     void save(const QString& project);
 
+    /// What became of a rescue().
+    struct Rescued
+    {
+        QString file;          ///< Empty where nothing is unsaved.
+        int failedModules = 0; ///< So many failed to say what they keep.
+    };
+
     /// For an end that nobody can be asked about: writes what is not saved to a project of its own,
-    /// "NAME.rescued.ktproj" beside the project or else the scene, and answers that file; an older one of the
-    /// name stays. Empty where nothing is unsaved. Throws HostError (BadFile) where it cannot be written.
-    QString rescue() const;
+    /// "NAME.rescued.ktproj" beside the project or else the scene; where that cannot be, in the user's folder
+    /// for data, or else in a new one of the folder for temporary files. An older one of the name stays.
+    /// Throws HostError (BadFile), why it cannot be beside the project, where it cannot be anywhere.
+    Rescued rescue() const;
 
     /// Leaves nothing open but a new, empty project; modules are told with message 16.
     void close();

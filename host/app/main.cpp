@@ -7,16 +7,20 @@
 #include "host/app/LiveClock.h"
 #include "host/app/Pictures.h"
 #include "host/app/PluginLoader.h"
+#include "host/app/ProjectMessage.h"
 #include "host/app/Scripting.h"
 #include "host/app/Session.h"
+#include "host/app/SignalledEnd.h"
 #include "host/app/window/MainWindow.h"
 #if KT_HAS_SCRIPTING
 #include "host/app/window/ScriptConsole.h"
 #endif
 #include "host/files/EndSignals.h"
+#include "host/files/WholeSettings.h"
 #include "host/vrml/SceneGuard.h"
 
 #include <kt/ktController.h>
+#include <kt/ktFailures.h>
 #include <kt/ktLog.h>
 #include <qkt/QKTDockWindowManager.h>
 
@@ -29,9 +33,9 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 #ifdef KT_LOOKS_FOR_LEAKS
 #include <sanitizer/lsan_interface.h>
@@ -65,23 +69,28 @@ int ended(int status)
     return status;
 }
 
-/// Saves what can be saved when the window is lost; empty while there is none.
-std::function<QString()> rescueOfWindow;
+/// What no room caught on the way, such as a lack of memory, ends in one line like everything else.
+int failByException()
+{
+    return fail(HostError(ExitStatus::Broken, "what was asked for failed",
+                          ktFailures::present() + LastWords::rescued()));
+}
+
+/// See LastWords: a window's unsaved work.
+std::string rescue(const Session& session)
+{
+    const Session::Rescued rescued = session.rescue();
+    if (rescued.file.isEmpty())
+        return {};
+    return "what was not saved is in " + rescued.file.toStdString() +
+           (rescued.failedModules > 0 ? ", but " + saidOfFailures(rescued.failedModules) : "");
+}
 
 /// The toolkit ends the program itself, and less clearly, when this returns.
 void endWithoutDisplay()
 {
-    std::string saved;
-    try {
-        const QString file = rescueOfWindow ? rescueOfWindow() : QString();
-        if (!file.isEmpty())
-            saved = "; what was not saved is in " + file.toStdString();
-    } catch (const std::exception& error) {
-        saved = std::string("; what was not saved is lost: ") + error.what();
-    } catch (...) {
-        saved = "; what was not saved is lost";
-    }
-    const int status = fail(HostError(ExitStatus::NoPicture, "window", "the display went away" + saved));
+    const int status =
+        fail(HostError(ExitStatus::NoPicture, "window", "the display went away" + LastWords::rescued()));
     std::fflush(stdout);
     std::_Exit(status);
 }
@@ -186,8 +195,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     Session session;
     session.setGuard(&guard);
     MainWindow window(session, log);
-    rescueOfWindow = [&session] { return session.rescue(); };
-    const auto noRescue = qScopeGuard([] { rescueOfWindow = nullptr; });
+    const LastWords::Rescuer rescuer([&session] { return rescue(session); });
     ktController::setMainWindow(&window, &window.docks());
     PluginLoader plugins;
     const auto sceneFirst = qScopeGuard([&session] { session.letGo(); });
@@ -196,6 +204,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     ActionRunner runner(session, pictures, [] { QCoreApplication::processEvents(); });
     Scripting scripting(session, runner, &clock);
     QObject::connect(&clock, &LiveClock::ticked, &window, &MainWindow::showTime);
+    std::optional<SignalledEnd> onSignals;
     int status = 0;
     try {
         addScriptConsole(window, scripting); // before plug-ins, whose panels are what is in front
@@ -204,6 +213,7 @@ int runInWindow(const CommandLine& line, const HostLog& log)
         window.appear();
         if (!line.file.isEmpty())
             window.openFirst(line.file);
+        onSignals.emplace(); // until there is something open, the end by a signal need not wait for anything
         runner.run(line.actions);
     } catch (const ScriptExit& exit) {
         return leaving(exit.status);
@@ -212,7 +222,11 @@ int runInWindow(const CommandLine& line, const HostLog& log)
         if (error.status() == ExitStatus::NoPlugin || !window.isVisible())
             return leaving(status);
         window.showError(QString::fromStdString(error.what()));
+    } catch (...) {
+        return leaving(failByException()); // here, where there is something to rescue
     }
+    if (!onSignals)
+        onSignals.emplace();
     if (!window.isVisible()) // it was closed meanwhile
         return leaving(status);
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &clock,
@@ -222,16 +236,13 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     return leaving(asked == 0 ? status : asked);
 }
 
-/// What no room caught on the way, such as a lack of memory, ends in one line like everything else.
 int run(const CommandLine& line)
 {
     HostLog log;
     try {
         return line.isHeadless ? runHeadless(line) : runInWindow(line, log);
-    } catch (const std::exception& error) {
-        return fail(HostError(ExitStatus::Broken, "what was asked for failed", error.what()));
     } catch (...) {
-        return fail(HostError(ExitStatus::Broken, "what was asked for failed", "an unknown exception"));
+        return failByException();
     }
 }
 
@@ -252,6 +263,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("kthost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KT_VERSION));
     QCoreApplication::setOrganizationName(QStringLiteral("kthost"));
+    WholeSettings::use();
     if (line.wantsVersion) {
         std::printf("kthost %s\n", KT_VERSION);
         return ended(0);

@@ -17,6 +17,8 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+#include <stdexcept>
+
 namespace kt::test
 {
 
@@ -40,6 +42,8 @@ public:
         bool isLoading = false;
         ASSERT_TRUE(project.get<bool>("_loading", isLoading));
         told << (isLoading ? "load" : "save");
+        if (fails)
+            throw std::runtime_error("no luck");
         if (isLoading)
             project.get<std::string>("setting", setting);
         else
@@ -48,6 +52,7 @@ public:
 
     QStringList told;
     std::string setting;
+    bool fails = false; ///< At whatever it is asked about the project.
 };
 
 /// A session with such a module, and a folder with the scene door.wrl.

@@ -127,8 +127,10 @@ TEST_F(PluginLoaderTest, WhatOneThatThrowsHadRegisteredAndDockedGoes)
 
     EXPECT_EQ(ktOSGWidget::countCallbacks(), 0);
     EXPECT_TRUE(window.findChildren<QDockWidget*>().isEmpty());
-    ktMessage message;
+    ktMessage message(ktMessageId::SceneCleared);
     EXPECT_EQ(ktController::sendMessage("late", message), 0);
+    ktController::deliver(message); // like the turn, would end the test program
+    FrameLoop().advanceTo(1.0);
     ktPythonInit::notify(false); // would end the test program
 }
 
@@ -141,6 +143,19 @@ TEST_F(PluginLoaderTest, CallbacksThatAPluginForgetsGoWithIt)
 
     EXPECT_EQ(ktController::countCallbacks(), 0);
     EXPECT_EQ(ktOSGWidget::countCallbacks(), 0);
+}
+
+TEST_F(PluginLoaderTest, PanelsOfTheModulesThatLiveAtTheEndGoWithThePlugin)
+{
+    ASSERT_EQ(loader.load(badPlugin("changing")), "");
+    ktMessage message;
+    ASSERT_EQ(ktController::sendMessage("change", message), 1);
+    ASSERT_EQ(window.findChildren<QDockWidget*>().size(), 1);
+
+    loader.unloadAll();
+
+    EXPECT_TRUE(window.findChildren<QDockWidget*>().isEmpty());
+    EXPECT_TRUE(ktModuleBase::modules().empty());
 }
 
 TEST_F(PluginLoaderTest, RefusesWhatIsNoLibrary)

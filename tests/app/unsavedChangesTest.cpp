@@ -46,36 +46,6 @@ TEST_F(UnsavedChangesTest, AskingForChangesLeavesNoTrace)
     EXPECT_TRUE(ktFileIO::getProject().get("_loading").empty());
 }
 
-TEST_F(UnsavedChangesTest, ARescueWritesThemBesideTheProjectAndChangesNothing)
-{
-    session.open(path("door.wrl"));
-    EXPECT_EQ(session.rescue(), "") << "nothing to rescue";
-    module.setting = "edited";
-    EXPECT_EQ(session.rescue(), path("door.rescued.ktproj"));
-    session.save(path("p.ktproj"));
-    EXPECT_EQ(session.rescue(), "");
-    module.setting = "edited again";
-    EXPECT_EQ(session.rescue(), path("p.rescued.ktproj"));
-    EXPECT_EQ(session.rescue(), path("p.rescued-2.ktproj"));
-
-    EXPECT_TRUE(session.isModified());
-    EXPECT_EQ(session.projectFile(), path("p.ktproj"));
-    session.open(path("p.rescued.ktproj"));
-    EXPECT_EQ(module.setting, "edited again");
-    EXPECT_EQ(session.file(), path("door.wrl"));
-}
-
-TEST_F(UnsavedChangesTest, ARescueThatCannotBeWrittenSaysWhy)
-{
-    QDir(folder.path()).mkdir("sub");
-    QFile::copy(path("door.wrl"), path("sub/door.wrl"));
-    session.open(path("sub/door.wrl"));
-    module.setting = "edited";
-    QDir(path("sub")).removeRecursively();
-
-    EXPECT_THROW(session.rescue(), HostError);
-}
-
 TEST_F(UnsavedChangesTest, AFailedSaveStaysModified)
 {
     session.open(path("door.wrl"));
@@ -86,6 +56,43 @@ TEST_F(UnsavedChangesTest, AFailedSaveStaysModified)
 
     EXPECT_EQ(session.projectFile(), path("p.ktproj"));
     EXPECT_TRUE(session.isModified());
+}
+
+TEST_F(UnsavedChangesTest, WhatAModuleFailsToSayIsNotCountedAsSaved)
+{
+    session.open(path("door.wrl"));
+    module.setting = "first";
+    session.save(path("p.ktproj"));
+    module.setting = "edited";
+    module.fails = true;
+    EXPECT_TRUE(session.isModified()) << "it may be";
+
+    try {
+        session.save(path("p.ktproj"));
+        ADD_FAILURE() << "it went well";
+    } catch (const HostError& error) {
+        EXPECT_EQ(error.status(), ExitStatus::BadFile);
+        EXPECT_EQ(error.what(),
+                  path("p.ktproj").toStdString() + ": saved, but a module failed to say what it keeps");
+    }
+    EXPECT_EQ(document("p.ktproj")["attributes"]["setting"]["value"], "first");
+    EXPECT_TRUE(session.isModified());
+
+    module.fails = false;
+    EXPECT_TRUE(session.isModified());
+    session.save(path("p.ktproj"));
+    EXPECT_FALSE(session.isModified());
+    EXPECT_EQ(document("p.ktproj")["attributes"]["setting"]["value"], "edited");
+}
+
+TEST_F(UnsavedChangesTest, AModuleThatFailsFromTheBeginningMakesNoChanges)
+{
+    module.fails = true;
+    session.open(path("door.wrl"));
+
+    EXPECT_FALSE(session.isModified());
+    ASSERT_EQ(log.lines().size(), 1U) << "told once, however often it is asked";
+    EXPECT_EQ(log.lines()[0], "error: Noting: message 8192 failed: no luck");
 }
 
 TEST_F(UnsavedChangesTest, WhatIsNotKnownIsKeptAndReported)

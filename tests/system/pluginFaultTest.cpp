@@ -106,13 +106,27 @@ INSTANTIATE_TEST_SUITE_P(
                     Call{"init", "FILE: init: it threw"}, Call{"loop", "Fault: loop: "},
                     Call{"update", "Fault: update: "}, Call{"cleared", "Fault: message 16 failed"},
                     Call{"changedScene", "Fault: message 32768 failed"},
-                    Call{"load", "Fault: message 8192 failed"}, Call{"save", "Fault: message 8192 failed"},
+                    Call{"load", "Fault: message 8192 failed"},
                     Call{"callback", "fault: a callback of faults.so failed"},
                     Call{"key", "key press: a callback of faults.so failed"},
                     Call{"pythonStart", "interpreter start: a callback of faults.so failed"},
                     Call{"pythonEnd", "interpreter end: a callback of faults.so failed"},
                     Call{"getWidget", "Fault: getWidget: "}),
     [](const auto& call) { return call.param.name; });
+
+TEST_F(PluginFaults, OneThatFailsToSayWhatItKeepsLeavesASavedProjectAndAnError)
+{
+    const HostRun ran = run("save", "std");
+
+    EXPECT_EQ(ran.status, 3);
+    ASSERT_EQ(ran.errorLines().size(), 2) << ran.errors.toStdString();
+    EXPECT_EQ(ran.errorLines()[0], "Fault: message 8192 failed: no luck in save") << "told once";
+    EXPECT_EQ(ran.errorLines()[1],
+              "kthost: " + folder.filePath("p.ktproj") + ": saved, but a module failed to say what it keeps");
+    QFile project(folder.filePath("p.ktproj"));
+    ASSERT_TRUE(project.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(project.readAll().contains("Animations")) << "what the other plug-in keeps";
+}
 
 TEST_F(PluginFaults, ASensorOfAPluginsOwnClassFailsAlone)
 {
@@ -132,6 +146,17 @@ TEST_F(PluginFaults, OneThatCannotBeCaughtEndsTheProgramInOneLine)
     EXPECT_EQ(loading.status, 6);
     EXPECT_EQ(loading.errorLines().size(), 1);
     expectTold(loading, "kthost: plug-in FILE: it threw while it was loaded: ", "no luck in static");
+}
+
+TEST_F(PluginFaults, OneThatCannotBeCaughtInACallEndsTheProgramInOneLineToo)
+{
+    const HostRun ran = kt::test::runHost({"--headless", "--plugin-dir", faultsFolder, "--send",
+                                           "faultUncaught=x", "--save", folder.filePath("p.ktproj")},
+                                          {{"KT_FAULT", "uncaught"}, {"KT_KIND", "std"}});
+
+    EXPECT_EQ(ran.status, 70);
+    EXPECT_EQ(ran.errors, "kthost: an exception that nobody catches: no luck in uncaught\n");
+    EXPECT_FALSE(QFile::exists(folder.filePath("p.ktproj")));
 }
 
 TEST_F(PluginFaults, OneThatIsUnloadedChangesNothingOfWhatWasDone)

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <csignal>
+#include <utility>
 
 using kt::test::HostProcess;
 using kt::test::HostRun;
@@ -55,7 +56,9 @@ protected:
 
     std::map<std::string, std::string> settingsIn(const QString& place) const
     {
-        return {{"XDG_CONFIG_HOME", place.toStdString()}, {"HOME", folder.path().toStdString()}};
+        return {{"XDG_CONFIG_HOME", place.toStdString()},
+                {"XDG_DATA_HOME", folder.filePath("data").toStdString()},
+                {"HOME", folder.path().toStdString()}};
     }
 
     std::map<std::string, std::string> faultAt(const char* call, const std::string& kind) const
@@ -77,6 +80,28 @@ protected:
                            KT_BUILD_DIR "/tests/plugins/hands.so",
                            folder.filePath("door.wrl")} +
                more;
+    }
+
+    /// The scene, edited and not saved.
+    QStringList wordsOfAnEdit(const QStringList& more) const
+    {
+        return words(QStringList{"--send", "select=Door", "--send", "comment=opens"} + more);
+    }
+
+    /// A project that a host left when it ended.
+    void expectRescued(const QString& file) const
+    {
+        QFile rescued(file);
+        ASSERT_TRUE(rescued.open(QIODevice::ReadOnly)) << file.toStdString();
+        EXPECT_TRUE(rescued.readAll().contains("opens"));
+    }
+
+    void expectRescuedBeside(const HostRun& run, const char* why) const
+    {
+        const QString file = folder.filePath("door.rescued.ktproj");
+        EXPECT_EQ(run.errors, "kthost: " + QByteArray(why) + "; what was not saved is in " +
+                                  QFile::encodeName(file) + "\n");
+        expectRescued(file);
     }
 
     QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
@@ -141,9 +166,7 @@ TEST_F(WindowFault, WhatIsNotSavedWhenTheDisplayGoesAwayIsInAProjectOfItsOwn)
         GTEST_SKIP() << "there is no program here that makes displays";
     auto environment = settingsIn(folder.filePath("settings"));
     environment["DISPLAY"] = display.name();
-    HostProcess host(
-        words({"--send", "select=Door", "--send", "comment=opens", "--list", "--send", "faultDialog=x"}),
-        environment);
+    HostProcess host(wordsOfAnEdit({"--list", "--send", "faultDialog=x"}), environment);
     host.run();
     ASSERT_TRUE(host.waitForOutput("Fan"));
 
@@ -151,11 +174,75 @@ TEST_F(WindowFault, WhatIsNotSavedWhenTheDisplayGoesAwayIsInAProjectOfItsOwn)
     const HostRun run = host.result();
 
     EXPECT_EQ(run.status, 4);
-    EXPECT_EQ(run.errors, "kthost: window: the display went away; what was not saved is in " +
-                              QFile::encodeName(folder.filePath("door.rescued.ktproj")) + "\n");
-    QFile rescued(folder.filePath("door.rescued.ktproj"));
-    ASSERT_TRUE(rescued.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(rescued.readAll().contains("opens"));
+    expectRescuedBeside(run, "window: the display went away");
+}
+
+TEST_F(WindowFault, WhatIsNotSavedGoesToTheUsersDataWhereTheScenesFolderIsGone)
+{
+    Display display;
+    if (display.name().empty())
+        GTEST_SKIP() << "there is no program here that makes displays";
+    ASSERT_TRUE(QDir(folder.path()).mkdir("sub"));
+    ASSERT_TRUE(QFile::rename(folder.filePath("door.wrl"), folder.filePath("sub/door.wrl")));
+    auto environment = settingsIn(folder.filePath("settings"));
+    environment["DISPLAY"] = display.name();
+    HostProcess host(
+        wordsOfAnEdit({"--list", "--send", "faultDialog=x"}).replaceInStrings("/door.wrl", "/sub/door.wrl"),
+        environment);
+    host.run();
+    ASSERT_TRUE(host.waitForOutput("Fan"));
+    ASSERT_TRUE(QDir(folder.filePath("sub")).removeRecursively());
+
+    display.takeAway();
+    const HostRun run = host.result();
+
+    EXPECT_EQ(run.status, 4);
+    const QString file = folder.filePath("data/kthost/kthost/door.rescued.ktproj");
+    EXPECT_TRUE(run.errors.endsWith("; what was not saved is in " + QFile::encodeName(file) + "\n"))
+        << run.errors.toStdString();
+    expectRescued(file);
+}
+
+TEST_F(WindowFault, ASignalLeavesWhatIsNotSavedInAProjectOfItsOwn)
+{
+    for (const auto& [signal, name] : {std::pair{SIGTERM, "SIGTERM"}, {SIGINT, "SIGINT"}}) {
+        const HostRun idle = kt::test::runHost(wordsOfAnEdit({}), faultAt("loop", std::to_string(signal)));
+        EXPECT_EQ(idle.signal, signal);
+        expectRescuedBeside(idle, (QByteArray(name) + ": the program was told to end").constData());
+        ASSERT_TRUE(QFile::remove(folder.filePath("door.rescued.ktproj")));
+
+        const HostRun inDialog = kt::test::runHost(wordsOfAnEdit({"--send", "faultDialog=x"}),
+                                                   faultAt("dialog", std::to_string(signal)));
+        EXPECT_EQ(inDialog.signal, signal);
+        expectRescuedBeside(inDialog, (QByteArray(name) + ": the program was told to end").constData());
+        ASSERT_TRUE(QFile::remove(folder.filePath("door.rescued.ktproj")));
+    }
+}
+
+TEST_F(WindowFault, AnExceptionThatEndsItLeavesWhatIsNotSavedInAProjectOfItsOwn)
+{
+    const HostRun uncaught =
+        kt::test::runHost(wordsOfAnEdit({"--send", "faultUncaught=x"}), faultAt("uncaught", "std"));
+    EXPECT_EQ(uncaught.status, 70);
+    expectRescuedBeside(uncaught, "an exception that nobody catches: no luck in uncaught");
+    ASSERT_TRUE(QFile::remove(folder.filePath("door.rescued.ktproj")));
+
+    const HostRun unexpected =
+        kt::test::runHost(wordsOfAnEdit({"--send", "faultLog=x"}), settingsIn(folder.filePath("settings")));
+    EXPECT_EQ(unexpected.status, 70);
+    expectRescuedBeside(unexpected, "what was asked for failed: no log");
+}
+
+TEST_F(WindowFault, ARescueThatFailsInItsTurnDoesNotKeepItFromItsEnd)
+{
+    auto environment = settingsIn(folder.filePath("settings"));
+    environment["KT_FAULT"] = "uncaught";
+    environment["KT_KIND"] = "twice";
+    const HostRun run = kt::test::runHost(wordsOfAnEdit({"--send", "faultUncaught=x"}), environment);
+
+    EXPECT_EQ(run.status, 70);
+    EXPECT_EQ(run.errors, "kthost: an exception that nobody catches: no luck in uncaught\n");
+    EXPECT_EQ(files(), QStringList("door.wrl"));
 }
 
 TEST_F(WindowFault, WithoutAPlaceForSettingsItRunsAllTheSame)

@@ -34,12 +34,12 @@ public:
     static void subCB(const char* name, MessageCB callback);
 
     /// Calls every callback registered under `name`, in order of registration, and answers how many there
-    /// were. An exception of one is logged and keeps none of the others from their turn.
+    /// were. An exception of one is logged, see ktFailures, and keeps none of the others from their turn.
     static int sendMessage(const char* name, ktMessage& message);
 
     /// Delivers `message` to every module that asked for its id, in order of construction. An exception of
-    /// one is logged.
-    static void deliver(ktMessage& message);
+    /// one is logged, see ktFailures, and keeps none of the others from their turn. Answers how many failed.
+    static int deliver(ktMessage& message);
 
     /// The names under which callbacks are registered now, in order of the bytes.
     static std::vector<std::string> messageNames();

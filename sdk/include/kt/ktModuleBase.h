@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 class QWidget;
@@ -59,6 +60,10 @@ public:
                 action(*module);
         }
     }
+
+    /// For the host: each module for which `isGone` answers true is not known any more, though it may live
+    /// on, such as those of a library that failed. It gets no call and no message.
+    static void drop(const std::function<bool(ktModuleBase*)>& isGone);
 
 private:
     static bool isLiving(const ktModuleBase* module);

@@ -24,7 +24,8 @@ public:
 
     /// For the host: calls every living callback, in order of construction, that has not been told of this
     /// state yet; to be called with false after the interpreter's start and after each later load of
-    /// libraries. An exception of one is logged and keeps none of the others from their turn.
+    /// libraries. An exception of one is logged, see ktFailures, and keeps none of the others from
+    /// their turn.
     static void notify(bool destroy);
 
     /// For the host: callbacks that `isGone` answers true for are never called again, as those of a library

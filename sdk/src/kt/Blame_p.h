@@ -2,7 +2,6 @@
 
 #include <dlfcn.h>
 
-#include <algorithm>
 #include <string>
 
 /// The file name, without its folder, of the library or program that a function is part of: whom to blame
@@ -17,10 +16,8 @@ std::string libraryOf(Function* function)
     return file.substr(file.rfind('/') + 1);
 }
 
-/// What an exception says, for a log that has a line for each: control characters become blanks.
-inline std::string inOneLine(std::string text)
+/// The words for a callback that fails on an occasion.
+inline std::string failureOf(const char* occasion, const std::string& library)
 {
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-    return text;
+    return std::string(occasion) + ": a callback of " + library + " failed";
 }

@@ -2,10 +2,10 @@
 
 #include "kt/Blame_p.h"
 
-#include <kt/ktLog.h>
+#include <kt/ktFailures.h>
 
 #include <algorithm>
-#include <exception>
+#include <string>
 #include <vector>
 
 /// Function pointers in order of registration, each once. A call goes over a copy, so callbacks may register
@@ -36,7 +36,7 @@ public:
         _callbacks.erase(std::remove_if(_callbacks.begin(), _callbacks.end(), isGone), _callbacks.end());
     }
 
-    /// Calls all and answers how many; `what` names the occasion where an exception has to be logged.
+    /// Calls all and answers how many; `what` names the occasion where an exception has to be told.
     template <class... Arguments>
     int call(const char* what, Arguments&&... arguments) const
     {
@@ -46,15 +46,8 @@ public:
             if (!contains(callback))
                 continue;
             ++called;
-            try {
-                callback(arguments...);
-            } catch (const std::exception& error) {
-                ktLog::error("%s: a callback of %s failed: %s", what, libraryOf(callback).c_str(),
-                             inOneLine(error.what()).c_str());
-            } catch (...) {
-                ktLog::error("%s: a callback of %s failed with an unknown exception", what,
-                             libraryOf(callback).c_str());
-            }
+            ktFailures::survived([&] { return failureOf(what, libraryOf(callback)); },
+                                 [&] { callback(arguments...); });
         }
         return called;
     }

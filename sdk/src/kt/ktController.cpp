@@ -1,9 +1,8 @@
 #include <kt/ktController.h>
 
-#include "kt/Blame_p.h"
 #include "kt/CallbackList_p.h"
 
-#include <kt/ktLog.h>
+#include <kt/ktFailures.h>
 #include <kt/ktMessage.h>
 #include <kt/ktModuleBase.h>
 
@@ -28,17 +27,11 @@ State& state()
     return *instance;
 }
 
-void deliverTo(ktModuleBase& module, ktMessage& message)
+bool survivesDelivery(ktModuleBase& module, ktMessage& message)
 {
-    try {
-        module.receivedMessage(message);
-    } catch (const std::exception& error) {
-        ktLog::error("%s: message %u failed: %s", qPrintable(module.moduleName()), message.id(),
-                     inOneLine(error.what()).c_str());
-    } catch (...) {
-        ktLog::error("%s: message %u failed with an unknown exception", qPrintable(module.moduleName()),
-                     message.id());
-    }
+    const std::string where =
+        module.moduleName().toStdString() + ": message " + std::to_string(message.id()) + " failed";
+    return ktFailures::survived([&] { return where; }, [&] { module.receivedMessage(message); });
 }
 
 } // namespace
@@ -79,12 +72,14 @@ int ktController::sendMessage(const char* name, ktMessage& message)
     return found == state().callbacks.end() ? 0 : found->second.call(name, message);
 }
 
-void ktController::deliver(ktMessage& message)
+int ktController::deliver(ktMessage& message)
 {
+    int failed = 0;
     ktModuleBase::forEach([&](ktModuleBase& module) {
-        if (module.wantsMessage(message.id()))
-            deliverTo(module, message);
+        if (module.wantsMessage(message.id()) && !survivesDelivery(module, message))
+            ++failed;
     });
+    return failed;
 }
 
 std::vector<std::string> ktController::messageNames()

@@ -1,5 +1,7 @@
 #include <kt/ktLog.h>
 
+#include <kt/ktFailures.h>
+
 #include <cstdarg>
 #include <cstdio>
 #include <string>
@@ -60,4 +62,5 @@ void ktLog::error(const char* format, ...)
 void ktLog::setSink(Sink sink)
 {
     logSink = sink;
+    ktFailures::forget();
 }

@@ -40,6 +40,12 @@ void ktModuleBase::loop() {}
 
 void ktModuleBase::receivedMessage(ktMessage&) {}
 
+void ktModuleBase::drop(const std::function<bool(ktModuleBase*)>& isGone)
+{
+    auto& all = livingModules();
+    all.erase(std::remove_if(all.begin(), all.end(), isGone), all.end());
+}
+
 bool ktModuleBase::isLiving(const ktModuleBase* module)
 {
     const auto& all = livingModules();

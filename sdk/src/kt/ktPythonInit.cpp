@@ -2,10 +2,9 @@
 
 #include "kt/Blame_p.h"
 
-#include <kt/ktLog.h>
+#include <kt/ktFailures.h>
 
 #include <algorithm>
-#include <exception>
 #include <vector>
 
 namespace
@@ -49,13 +48,6 @@ void ktPythonInit::notify(bool destroy)
             continue;
         init->_isReady = !destroy;
         const std::string library = libraryOf(init->_callback); // the object may go meanwhile
-        try {
-            init->_callback(destroy);
-        } catch (const std::exception& error) {
-            ktLog::error("%s: a callback of %s failed: %s", occasion, library.c_str(),
-                         inOneLine(error.what()).c_str());
-        } catch (...) {
-            ktLog::error("%s: a callback of %s failed with an unknown exception", occasion, library.c_str());
-        }
+        ktFailures::survived([&] { return failureOf(occasion, library); }, [&] { init->_callback(destroy); });
     }
 }

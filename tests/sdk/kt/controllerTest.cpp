@@ -116,13 +116,14 @@ TEST_F(ControllerTest, AnExceptionKeepsNobodyFromTheirTurn)
 
     duringFirst = [] { throw std::runtime_error("no way"); };
     EXPECT_EQ(send("go"), 2);
+    EXPECT_EQ(send("go"), 2) << "and it is told of once";
     duringFirst = [] { throw 17; };
     EXPECT_EQ(send("go"), 2);
 
-    EXPECT_EQ(calls, (std::vector<std::string>{"first", "second", "first", "second"}));
-    EXPECT_EQ(log.lines(), (std::vector<std::string>{
-                               "error: go: a callback of sdkKtTest failed: no way",
-                               "error: go: a callback of sdkKtTest failed with an unknown exception"}));
+    EXPECT_EQ(calls, (std::vector<std::string>{"first", "second", "first", "second", "first", "second"}));
+    EXPECT_EQ(log.lines(),
+              (std::vector<std::string>{"error: go: a callback of sdkKtTest failed: no way",
+                                        "error: go: a callback of sdkKtTest failed: an unknown exception"}));
 }
 
 TEST_F(ControllerTest, ACallbackThatIsTakenBackMeanwhileIsNotCalled)
@@ -200,15 +201,30 @@ TEST_F(ControllerTest, AnExceptionOfAModuleIsLoggedAndTheOthersGetTheMessage)
     Listener other(0x10);
     ktMessage sent(0x10);
 
+    EXPECT_EQ(ktController::deliver(sent), 0);
     thrower.reaction = [] { throw std::runtime_error("no way"); };
-    ktController::deliver(sent);
+    EXPECT_EQ(ktController::deliver(sent), 1);
+    EXPECT_EQ(ktController::deliver(sent), 1) << "and is told of once";
     thrower.reaction = [] { throw 17; };
-    ktController::deliver(sent);
+    EXPECT_EQ(ktController::deliver(sent), 1);
 
-    EXPECT_EQ(other.ids.size(), 2u);
+    EXPECT_EQ(other.ids.size(), 4u);
     EXPECT_EQ(log.lines(),
               (std::vector<std::string>{"error: Thrower: message 16 failed: no way",
-                                        "error: Thrower: message 16 failed with an unknown exception"}));
+                                        "error: Thrower: message 16 failed: an unknown exception"}));
+}
+
+TEST_F(ControllerTest, AModuleThatIsDroppedGetsNoMessage)
+{
+    Listener dropped(0x10);
+    Listener other(0x10);
+    ktModuleBase::drop([&dropped](const ktModuleBase* module) { return module == &dropped; });
+    ktMessage sent(0x10);
+
+    ktController::deliver(sent);
+
+    EXPECT_TRUE(dropped.ids.empty());
+    EXPECT_EQ(other.ids.size(), 1u);
 }
 
 TEST_F(ControllerTest, AModuleThatGoesMeanwhileGetsNoMessage)

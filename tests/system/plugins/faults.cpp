@@ -1,10 +1,15 @@
 // A plug-in that fails in one of the host's calls, as its environment says:
 //   KT_FAULT   the call, one of those that are handed to at() below
-//   KT_KIND    what it does there: "std" and "other" throw, a number is the signal that it sends the process
-// --send faultKey=x presses a key, --send faultCore=x puts a sensor of its own class into the scene, and
-// --send faultDialog=x shows a modal dialog.
+//   KT_KIND    what it does there: "std" and "other" throw, "twice" throws and then crashes when it is asked
+//   what it
+//              keeps, a number is the signal that it sends the process
+// --send faultKey=x presses a key, --send faultCore=x puts a sensor of its own class into the scene,
+// --send faultDialog=x shows a modal dialog, --send faultUncaught=x fails where no exception can be caught,
+// and
+// --send faultLog=x has the host fail where it expects no exception: when it tells of one.
 #include <kt/ktController.h>
 #include <kt/ktFileIO.h>
+#include <kt/ktLog.h>
 #include <kt/ktMessage.h>
 #include <kt/ktMessageId.h>
 #include <kt/ktModuleBase.h>
@@ -31,13 +36,16 @@
 namespace
 {
 
+bool isFailing = false;
+
 void at(const std::string& call)
 {
     const char* fault = std::getenv("KT_FAULT");
     const char* kind = std::getenv("KT_KIND");
     if (!fault || !kind || fault != call)
         return;
-    if (kind == std::string("std"))
+    isFailing = kind == std::string("twice");
+    if (isFailing || kind == std::string("std"))
         throw std::runtime_error("no luck\nin " + call);
     if (kind == std::string("other"))
         throw 42;
@@ -76,6 +84,17 @@ void showDialog(ktMessage&)
     box.exec();
 }
 
+void failUncaught(ktMessage&) noexcept
+{
+    at("uncaught");
+}
+
+void failToTell(ktMessage&)
+{
+    ktLog::setSink([](ktLog::Level, const char*) { throw std::runtime_error("no log"); });
+    throw std::runtime_error("no luck");
+}
+
 class Panel : public QLabel
 {
 protected:
@@ -96,6 +115,8 @@ public:
         ktController::addCB("faultKey", [](ktMessage&) { ktOSGWidget::pressKey(Qt::Key_A, 0, 0, nullptr); });
         ktController::addCB("faultCore", addSensor);
         ktController::addCB("faultDialog", showDialog);
+        ktController::addCB("faultUncaught", failUncaught);
+        ktController::addCB("faultLog", failToTell);
         ktOSGWidget::addMGLWPressKeyCB([](int, int, int, QEvent*) { at("key"); });
         auto* whenIdle = new QTimer(&_panel);
         QObject::connect(whenIdle, &QTimer::timeout, [] { at("idle"); });
@@ -118,6 +139,8 @@ public:
     {
         if (message.id() != ktMessageId::Project)
             return at(message.id() == ktMessageId::SceneCleared ? "cleared" : "changedScene");
+        if (isFailing)
+            std::abort();
         bool isLoading = false;
         ktFileIO::getProject().get("_loading", isLoading);
         at(isLoading ? "load" : "save");
