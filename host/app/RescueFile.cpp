@@ -29,7 +29,10 @@ QString dataFolder(const QString&)
 /// One that nobody else can have prepared; empty where it cannot be made.
 QString temporaryFolder(const QString&)
 {
-    QTemporaryDir folder(QDir::temp().filePath(QStringLiteral("kthost-XXXXXX")));
+    const QString place = QDir::tempPath();
+    if (place.isEmpty())
+        return {}; // the one that the environment names is none
+    QTemporaryDir folder(place + QStringLiteral("/kthost-XXXXXX"));
     folder.setAutoRemove(false);
     return folder.isValid() ? folder.path() : QString();
 }

@@ -1,10 +1,11 @@
 #include "host/vrml/ReaderMessages.h"
 
+#include <kt/ktFailures.h>
+
 #include <Inventor/SbString.h>
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/errors/SoReadError.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
@@ -34,8 +35,7 @@ std::string withoutDecoration(std::string words)
 /// Blanks at both ends cut off, control characters as blanks.
 std::string asOneLine(std::string words)
 {
-    std::replace_if(
-        words.begin(), words.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, ' ');
+    words = ktFailures::inOneLine(std::move(words));
     words.erase(words.find_last_not_of(' ') + 1);
     words.erase(0, words.find_first_not_of(' '));
     return words;
