@@ -93,6 +93,8 @@ void Session::reportWarnings(const QString& file, const Scene& scene)
         else
             ktLog::info("%s", entry.text.c_str());
     }
+    if (warnings.countOfOthers() > 0)
+        ktLog::info("%s: ... and %zu other warnings", qUtf8Printable(file), warnings.countOfOthers());
     if (warnings.total() > 0)
         ktLog::info("%s: opened with %zu warnings", qUtf8Printable(file), warnings.total());
     if (scene.nodes.scriptCount > 0)

@@ -1,7 +1,5 @@
 #include "host/vrml/CheckedReading.h"
 
-#include "host/vrml/SceneReader.h"
-
 #include <sys/resource.h>
 #include <sys/time.h>
 #include <sys/wait.h>
@@ -33,11 +31,25 @@ namespace
 /// How a reading ended, as the exit status of its process; apart from those that others use.
 enum Ending { StackIsFull = 80, MemoryIsFull };
 
-/// Half of what the host has: it is deeper in its own calls when it reads, and its drawing goes as deep
-/// again.
-constexpr rlim_t stackBytes = 4U << 20U;
-
+rlim_t stackBytes = 0;
 std::uintptr_t stackTop = 0;
+
+rlimit limitOf(__rlimit_resource_t what)
+{
+    rlimit limit{};
+    getrlimit(what, &limit);
+    return limit;
+}
+
+/// Half of what the host has, whose limit is ours: it is deeper in its own calls when it reads, and its
+/// drawing goes as deep again.
+rlim_t safeStack()
+{
+    constexpr rlim_t usual =
+        8U << 20U; // where there is no limit, though the host's stack may not grow for ever
+    const rlim_t ofHost = limitOf(RLIMIT_STACK).rlim_cur;
+    return (ofHost == RLIM_INFINITY ? usual : ofHost) / 2;
+}
 
 /// The reader's stack is full where the address that failed is about at its end.
 void onSegmentationFault(int signal, siginfo_t* info, void* /*context*/)
@@ -65,27 +77,35 @@ void watchStack()
 
 void setLimit(__rlimit_resource_t what, rlim_t value)
 {
-    rlimit limit{};
-    getrlimit(what, &limit);
+    rlimit limit = limitOf(what);
     limit.rlim_cur = std::min(value, limit.rlim_max);
     setrlimit(what, &limit);
 }
 
+/// No time at all would be no limit.
+void startTimer(__itimer_which_t clock, double seconds)
+{
+    constexpr long long second = 1000000;
+    const long long microseconds = std::max(std::llround(seconds * 1e6), 1LL);
+    itimerval timer{};
+    timer.it_value.tv_usec = static_cast<suseconds_t>(microseconds % second);
+    timer.it_value.tv_sec = static_cast<time_t>(microseconds / second);
+    setitimer(clock, &timer, nullptr);
+}
+
 void limitThisProcess(const ReadLimits& limits)
 {
+    stackBytes = safeStack();
     setLimit(RLIMIT_CORE, 0);
     setLimit(RLIMIT_STACK, stackBytes);
 #ifndef KT_SANITIZES_ADDRESSES
     setLimit(RLIMIT_AS, static_cast<rlim_t>(limits.megabytes) << 20U);
 #endif
     std::set_new_handler([] { _exit(MemoryIsFull); });
-    itimerval timer{};
-    constexpr long long second = 1000000;
-    const long long microseconds = std::llround(limits.seconds * 1e6);
-    timer.it_value.tv_usec = static_cast<suseconds_t>(microseconds % second);
-    timer.it_value.tv_sec = static_cast<time_t>(microseconds / second);
+    std::signal(SIGPROF, SIG_DFL);
     std::signal(SIGALRM, SIG_DFL);
-    setitimer(ITIMER_REAL, &timer, nullptr);
+    startTimer(ITIMER_PROF, limits.seconds);
+    startTimer(ITIMER_REAL, limits.clockSeconds());
     watchStack();
 }
 
@@ -108,29 +128,33 @@ std::string number(double value)
 
 } // namespace
 
-void CheckedReading::read(const std::string& path, const ReadLimits& limits, const Tell& tell)
+void CheckedReading::read(const std::string& path, const ReadLimits& limits, const ReadingFollower& follower)
 {
     limitThisProcess(limits);
     // Each look of another process at the place costs both some time, and so does a look at the memory.
     constexpr std::uint64_t stride = 1024;
     std::uint64_t next = 0;
     bool isFollowed = true;
-    SceneReader::readSkeleton(path, limits, [&](std::uint64_t place) {
+    const auto pass = [&](std::uint64_t place) {
         if (place < next)
             return;
         next = place + stride;
         isFollowed = isFollowed && needsLittle(limits);
         if (isFollowed)
-            tell(place);
-    });
+            follower.passed(place);
+    };
+    SceneReader::readSkeleton(path, limits, {pass, follower.found});
     const itimerval none{};
     setitimer(ITIMER_REAL, &none, nullptr);
+    setitimer(ITIMER_PROF, &none, nullptr);
 }
 
 std::string CheckedReading::reasonOf(int status, const ReadLimits& limits)
 {
-    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGPROF)
         return "the reader takes longer than " + number(limits.seconds) + " s for it";
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
+        return "its check was not done after " + number(limits.clockSeconds()) + " s";
     if (WIFEXITED(status) && WEXITSTATUS(status) == MemoryIsFull)
         return "the reader needs more than " + std::to_string(limits.megabytes) + " megabytes for it";
     if (WIFEXITED(status) && WEXITSTATUS(status) == StackIsFull)

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "host/vrml/ReadLimits.h"
+#include "host/vrml/SceneReader.h"
 
-#include <cstdint>
-#include <functional>
 #include <string>
 
 namespace kthost
@@ -14,12 +13,10 @@ namespace kthost
 class CheckedReading
 {
 public:
-    /// Told how far it is, while it may be followed there.
-    using Tell = std::function<void(std::uint64_t place)>;
-
     /// Limits this process, and reads the file with all that it refers to. That the process comes back means
-    /// that the reader survived; the limits on time and memory are off again then.
-    static void read(const std::string& path, const ReadLimits& limits, const Tell& tell);
+    /// that the reader survived; the limits on time are off again then. The follower is told of places while
+    /// it may follow there.
+    static void read(const std::string& path, const ReadLimits& limits, const ReadingFollower& follower);
 
     /// Why the file must not be read, in a few words, where the process ended with this status instead.
     static std::string reasonOf(int status, const ReadLimits& limits);

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 namespace kthost
 {
@@ -51,8 +52,20 @@ bool isGzip(const std::string& bytes)
     return bytes.size() >= 2 && bytes[0] == '\x1f' && bytes[1] == '\x8b';
 }
 
+/// Where there is no room for so many bytes, sets `error`, which begins with `what`.
+bool fits(std::size_t bytes, const FileRoom& room, const char* what, std::string& error)
+{
+    if (bytes > room.megabytes << 20U)
+        error = what + std::to_string(room.megabytes) + " megabytes";
+    else if (room.mayHold && !room.mayHold(bytes))
+        error = "it is too large to be read now";
+    else
+        return true;
+    return false;
+}
+
 /// Unpacks every member of the stream; what follows the last one is ignored, as gzip does.
-std::optional<std::string> unpack(const std::string& packed, std::size_t most, std::string& error)
+std::optional<std::string> unpackMembers(const std::string& packed, std::string& error, const FileRoom& room)
 {
     z_stream stream{};
     constexpr int anyWindowWithGzipHeader = 15 + 16;
@@ -71,12 +84,11 @@ std::optional<std::string> unpack(const std::string& packed, std::size_t most, s
         stream.next_out = reinterpret_cast<Bytef*>(&chunk[0]);
         stream.avail_out = static_cast<uInt>(chunkSize);
         const int status = inflate(&stream, Z_NO_FLUSH);
-        result.append(chunk, 0, chunkSize - stream.avail_out);
-
-        if (result.size() > most) {
-            error = "the gzip stream unpacks to more than " + std::to_string(most >> 20U) + " megabytes";
+        const std::size_t more = chunkSize - stream.avail_out;
+        if (!fits(result.size() + more, room, "the gzip stream unpacks to more than ", error))
             return std::nullopt;
-        }
+        result.append(chunk, 0, more);
+
         if (status == Z_STREAM_END) {
             if (stream.avail_in < 2 || stream.next_in[0] != 0x1f || stream.next_in[1] != 0x8b)
                 return result;
@@ -95,7 +107,7 @@ std::optional<std::string> unpack(const std::string& packed, std::size_t most, s
 
 } // namespace
 
-std::optional<std::string> FileBytes::read(const std::string& path, std::string& error)
+std::optional<std::string> FileBytes::read(const std::string& path, std::string& error, const FileRoom& room)
 {
     const FileDescriptor file(path);
     struct stat status
@@ -111,11 +123,9 @@ std::optional<std::string> FileBytes::read(const std::string& path, std::string&
     std::string bytes;
     for (;;) {
         const std::size_t used = bytes.size();
-        if (std::max<std::size_t>(used, static_cast<std::size_t>(status.st_size)) > sizeLimit) {
-            error = "it is larger than a gigabyte";
-            return std::nullopt;
-        }
         const auto expected = static_cast<std::size_t>(status.st_size);
+        if (!fits(std::max(used, expected), room, "it is larger than ", error))
+            return std::nullopt;
         bytes.resize(used < expected ? expected + 1 : used + chunkSize);
         const ssize_t count = ::read(file.get(), &bytes[used], bytes.size() - used);
         if (count < 0 && errno != EINTR)
@@ -126,11 +136,9 @@ std::optional<std::string> FileBytes::read(const std::string& path, std::string&
     }
 }
 
-std::optional<std::string> FileBytes::readUnpacked(const std::string& path, std::string& error,
-                                                   std::size_t most)
+std::optional<std::string> FileBytes::unpack(std::string bytes, std::string& error, const FileRoom& room)
 {
-    std::optional<std::string> bytes = read(path, error);
-    return bytes && isGzip(*bytes) ? unpack(*bytes, most, error) : bytes;
+    return isGzip(bytes) ? unpackMembers(bytes, error, room) : std::optional<std::string>(std::move(bytes));
 }
 
 } // namespace kthost

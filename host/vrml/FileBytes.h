@@ -1,11 +1,19 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 
 namespace kthost
 {
+
+/// How many bytes of a file there may be, as they are and unpacked; a reading that would need more fails.
+struct FileRoom
+{
+    std::size_t megabytes = 1024;
+    std::function<bool(std::size_t bytes)> mayHold; ///< Asked before there are so many; none for yes.
+};
 
 /// Reading whole files. Paths are bytes as the file system has them. Each function gives null where it fails,
 /// and sets `error` to why, in a few words without the path.
@@ -13,14 +21,12 @@ class FileBytes
 {
 public:
     /// The bytes of a regular file, as they are.
-    static std::optional<std::string> read(const std::string& path, std::string& error);
+    static std::optional<std::string> read(const std::string& path, std::string& error,
+                                           const FileRoom& room = {});
 
-    /// The bytes of a regular file, unpacked where they are a gzip stream, whatever the file is called.
-    /// A stream that is cut short or damaged fails, and so does one that unpacks to more bytes than `most`.
-    static std::optional<std::string> readUnpacked(const std::string& path, std::string& error,
-                                                   std::size_t most = sizeLimit);
-
-    static constexpr std::size_t sizeLimit = std::size_t{1} << 30U;
+    /// The bytes, unpacked where they are a gzip stream. A stream that is cut short or damaged fails.
+    static std::optional<std::string> unpack(std::string bytes, std::string& error,
+                                             const FileRoom& room = {});
 };
 
 } // namespace kthost

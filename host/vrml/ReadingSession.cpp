@@ -2,7 +2,6 @@
 
 #include "host/vrml/DefLexer.h"
 #include "host/vrml/FileBytes.h"
-#include "host/vrml/LocalUrl.h"
 #include "host/vrml/NodeKinds.h"
 #include "host/vrml/ReportingInput.h"
 #include "host/vrml/SceneGuard.h"
@@ -25,10 +24,6 @@ namespace kthost
 {
 namespace
 {
-
-/// How many files may be open inside each other; more is taken for files that refer to each other without
-/// end.
-constexpr std::size_t deepestFile = 64;
 
 /// What stands inside each other so far that the host lets go of in the middle of a reading that the guard
 /// ends, in nodes: letting go takes the stack, and twenty times as many have room there.
@@ -113,7 +108,18 @@ CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::st
                                           std::string& error)
 {
     error.clear();
-    return readFile(path, name, error);
+    SceneGuard* const guard = _manner.guard;
+    if (guard)
+        guard->check(absolute(path));
+    CoinRef<SoVRMLGroup> root = readFile(path, name, error);
+    if (!guard || (root && _isFollowing && guard->letsPass(SceneGuard::end - 1)))
+        return root;
+    // What the text itself has against it says more, with its line.
+    const std::string verdict = _hasText || _isStopped ? guard->verdict() : std::string();
+    if (verdict.empty() && _change.empty())
+        return root;
+    error = name + ": " + (verdict.empty() ? _change : verdict);
+    return {};
 }
 
 CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std::string& name,
@@ -128,11 +134,11 @@ CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std
     std::optional<std::string> bytes;
     if (!_files.empty() && !passes(0)) {
         reason = "the scene is refused";
-    } else if (isOpen(file.path) || _files.size() >= deepestFile) {
+    } else if (isOpen(file.path) || _files.size() >= _manner.limits.files) {
         reason = "the file refers to itself";
         ++_circles;
     } else {
-        bytes = FileBytes::readUnpacked(path, reason);
+        bytes = bytesOf(path, file, reason);
     }
     if (bytes && bytes->empty())
         reason = "the file is empty";
@@ -143,29 +149,61 @@ CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std
         error = name + ": " + reason;
     if (!error.empty())
         return {};
-    return _manner.guard && _files.empty() ? parseGuarded(absolute(path), *bytes, std::move(file), error)
-                                           : parse(*bytes, std::move(file), error);
+    return parse(*bytes, std::move(file), error);
+}
+
+std::optional<std::string> ReadingSession::bytesOf(const std::string& path, const OpenFile& file,
+                                                   std::string& error)
+{
+    const FileRoom room{_manner.limits.fileMegabytes, [this](std::size_t bytes) { return mayHold(bytes); }};
+    std::optional<std::string> bytes = FileBytes::read(path, error, room);
+    if (!isAsChecked(FoundFile::of(file.path, bytes), file.name, error))
+        return std::nullopt;
+    return bytes ? FileBytes::unpack(*std::move(bytes), error, room) : std::nullopt;
+}
+
+bool ReadingSession::isAsChecked(const FoundFile& found, const std::string& name, std::string& error)
+{
+    if (_manner.follower.found)
+        _manner.follower.found(found);
+    if (!_manner.guard)
+        return true;
+    const SceneGuard::Found checked = _manner.guard->found(found);
+    if (checked == SceneGuard::Found::Same)
+        return true;
+    _isStopped = true;
+    _isFollowing = false;
+    error =
+        checked == SceneGuard::Found::Other ? "it changed while it was read" : "its check did not read it";
+    if (checked == SceneGuard::Found::Other)
+        _change = _files.empty() ? error : name + " changed while it was read";
+    return false;
+}
+
+LocalUrl ReadingSession::resolve(const std::string& url)
+{
+    const std::string folder = _files.empty() ? std::string() : _files.back().folder;
+    LocalUrl file = LocalUrl::resolve(url, folder);
+    const bool isThere = !file.path.empty();
+    const FoundFile found =
+        FoundFile::of(folder + '\n' + url, isThere ? std::optional<std::string>(file.path) : std::nullopt);
+    if (!isAsChecked(found, url, file.problem))
+        file.path.clear();
+    return file;
+}
+
+bool ReadingSession::mayHold(std::size_t bytes)
+{
+    // What is made of a file's text takes several times its size.
+    constexpr std::size_t part = 16;
+    _isStopped = _isStopped || (_manner.guard && bytes > (_manner.limits.megabytes << 20U) / part &&
+                                !_manner.guard->verdict().empty());
+    return !_isStopped;
 }
 
 bool ReadingSession::isOpen(const std::string& path) const
 {
     return std::any_of(_files.begin(), _files.end(), [&](const OpenFile& file) { return file.path == path; });
-}
-
-CoinRef<SoVRMLGroup> ReadingSession::parseGuarded(const std::string& path, const std::string& bytes,
-                                                  OpenFile file, std::string& error)
-{
-    const std::string name = file.name;
-    SceneGuard& guard = *_manner.guard;
-    guard.check(path);
-    CoinRef<SoVRMLGroup> root = parse(bytes, std::move(file), error);
-    if (root && _isFollowing && guard.letsPass(SceneGuard::end - 1))
-        return root;
-    // What the text itself has against it says more, with its line.
-    if (guard.verdict().empty() || !_hasText)
-        return root;
-    error = name + ": " + guard.verdict();
-    return {};
 }
 
 CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile file, std::string& error)
@@ -179,8 +217,8 @@ CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile fi
     // It may be the numbers that are wrong, which the guard's process leaves out: the places part here.
     _isFollowing = _isFollowing && root;
     closeFile(size);
-    if (_files.empty() && _isFollowing && _manner.passed)
-        _manner.passed(SceneGuard::end);
+    if (_files.empty() && _isFollowing && _manner.follower.passed)
+        _manner.follower.passed(SceneGuard::end);
     return root;
 }
 
@@ -211,8 +249,10 @@ CoinRef<SoVRMLGroup> ReadingSession::readText(std::string text, std::string& err
         return passes(_manner.isSkeleton ? skeleton.inWhole(position) : position);
     });
     _hasText = _hasText || _files.size() == 1;
+    _files.back().input = &input;
     CoinRef<SoVRMLGroup> root(passes(0) ? SoDB::readAllVRML(&input) : nullptr);
-    const OpenFile& file = _files.back();
+    OpenFile& file = _files.back();
+    file.input = nullptr;
     if (!root) {
         const ReaderMessage* reason = reasonOf(file.messages);
         error =
@@ -236,10 +276,12 @@ bool ReadingSession::passes(std::size_t position)
 {
     OpenFile& file = _files.back();
     file.position = std::max(file.position, position); // which is 0 at the end of the text
-    if (_manner.passed && _isFollowing)
-        _manner.passed(file.place());
+    if (_manner.follower.passed && _isFollowing)
+        _manner.follower.passed(file.place());
     if (!_manner.guard)
         return true;
+    if (!_change.empty())
+        return false;
     return _isFollowing ? _manner.guard->letsPass(file.place()) : _manner.guard->verdict().empty();
 }
 
@@ -262,7 +304,10 @@ void ReadingSession::receive(ReaderMessage message)
 
 void ReadingSession::warn(const std::string& text)
 {
-    _result.warnings.add(_files.empty() ? text : _files.back().name + ": " + text);
+    if (_files.empty())
+        return _result.warnings.add(text);
+    const OpenFile& file = _files.back();
+    _result.warnings.add(located(file.name, file.input ? file.input->line() : 0, text));
 }
 
 } // namespace kthost

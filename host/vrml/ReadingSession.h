@@ -1,11 +1,13 @@
 #pragma once
 
+#include "host/vrml/LocalUrl.h"
 #include "host/vrml/ReaderMessages.h"
 #include "host/vrml/SceneReader.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,14 +19,16 @@ class SoVRMLInline;
 namespace kthost
 {
 
+class ReportingInput;
+
 /// How a file is read.
 struct ReadingManner
 {
     ReadingProgress progress;
     SceneGuard* guard = nullptr; ///< The library gets nothing that it has not let pass; null for nobody.
     ReadLimits limits;
-    PassedPlace passed;      ///< Of the guard's own reading: tells how far that is.
-    bool isSkeleton = false; ///< Without long lists of numbers.
+    ReadingFollower follower; ///< Of the guard's own reading: its host.
+    bool isSkeleton = false;  ///< Without long lists of numbers.
 };
 
 /// The reading of one scene file and of the files it refers to. Takes the library's fetch callbacks while it
@@ -55,6 +59,7 @@ private:
         std::string name; ///< For messages.
         std::string folder;
         std::vector<ReaderMessage> messages;
+        ReportingInput* input = nullptr; ///< While the library reads its text.
         std::uint64_t start = 0;  ///< The place of its first byte; moves with each file that was read inside.
         std::size_t position = 0; ///< In its text.
 
@@ -66,8 +71,19 @@ private:
 
     CoinRef<SoVRMLGroup> readFile(const std::string& path, const std::string& name, std::string& error);
     CoinRef<SoVRMLGroup> parse(const std::string& bytes, OpenFile file, std::string& error);
-    CoinRef<SoVRMLGroup> parseGuarded(const std::string& path, const std::string& bytes, OpenFile file,
-                                      std::string& error);
+
+    /// The bytes of a file, if they are those that the guard's process has read.
+    std::optional<std::string> bytesOf(const std::string& path, const OpenFile& file, std::string& error);
+
+    /// False where the guard's process has found something else under this name; `error` then says so.
+    bool isAsChecked(const FoundFile& found, const std::string& name, std::string& error);
+
+    /// Whether the guard lets this process hold so many bytes of a file.
+    bool mayHold(std::size_t bytes);
+
+    /// The file that a URL of the file opened last means, if it is the one that the guard's process has
+    /// found.
+    LocalUrl resolve(const std::string& url);
     bool isOpen(const std::string& path) const;
     CoinRef<SoVRMLGroup> readLibrary(const std::string& path, std::string& error);
     SoProto* findPrototype(const std::string& url, std::string& error);
@@ -75,6 +91,8 @@ private:
     /// The first that there is; otherwise `error` is the first one's.
     SoProto* findPrototype(const std::vector<std::string>& urls, std::string& error);
     void receive(ReaderMessage message);
+
+    /// At the place that the library has come to.
     void warn(const std::string& text);
 
     /// The text as the library gets it; where it must not get it, `error` says why.
@@ -94,6 +112,8 @@ private:
     SceneReading& _result;
     ReadingManner _manner;
     bool _hasText = false;    ///< The library was to get the first file.
+    bool _isStopped = false;  ///< The guard kept bytes from this process.
+    std::string _change;      ///< What is not as the guard's process has read it.
     bool _isFollowing = true; ///< The guard's process can be followed, as far as is known.
     std::size_t _height = 0;  ///< Of all scenes so far, on top of each other.
     std::size_t _percent = 0; ///< Of the first file's text, as was reported.

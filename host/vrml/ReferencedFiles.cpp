@@ -1,5 +1,4 @@
 // The part of ReadingSession that reads what a scene refers to: Inlines and EXTERNPROTOs.
-#include "host/vrml/LocalUrl.h"
 #include "host/vrml/ReadingSession.h"
 
 #include <Inventor/VRMLnodes/SoVRMLInline.h>
@@ -33,7 +32,7 @@ void ReadingSession::fetchInline(const SbString& /*fullUrl*/, void* closure, SoV
         return;
     std::string problem;
     for (int i = 0; i < node->url.getNum(); ++i) {
-        const LocalUrl file = LocalUrl::resolve(node->url[i].getString(), session._files.back().folder);
+        const LocalUrl file = session.resolve(node->url[i].getString());
         std::string error = file.problem;
         if (!file.path.empty()) {
             const CoinRef<SoVRMLGroup> scene = session.readFile(file.path, fileName(file.path), error);
@@ -79,7 +78,7 @@ SoProto* ReadingSession::findPrototype(const std::vector<std::string>& urls, std
 
 SoProto* ReadingSession::findPrototype(const std::string& url, std::string& error)
 {
-    const LocalUrl file = LocalUrl::resolve(url, _files.empty() ? std::string() : _files.back().folder);
+    const LocalUrl file = resolve(url);
     error = file.problem;
     const CoinRef<SoVRMLGroup> library =
         file.path.empty() ? CoinRef<SoVRMLGroup>() : readLibrary(file.path, error);

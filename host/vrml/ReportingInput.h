@@ -2,6 +2,7 @@
 
 #include <Inventor/SoInput.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -19,9 +20,20 @@ public:
     using Gate = std::function<bool(std::size_t bytes)>;
 
     /// `text` must outlive this.
-    ReportingInput(const std::string& text, Gate gate) : _gate(std::move(gate))
+    ReportingInput(const std::string& text, Gate gate) : _text(text), _gate(std::move(gate))
     {
         setBuffer(text.data(), text.size());
+    }
+
+    /// The line that the library has come to, from 1.
+    std::size_t line()
+    {
+        // There are none read at the end of the text, for the library.
+        const std::size_t position = std::max(_counted, std::min(getNumBytesRead(), _text.size()));
+        const char* const begin = _text.data();
+        _line += static_cast<std::size_t>(std::count(begin + _counted, begin + position, '\n'));
+        _counted = position;
+        return _line;
     }
 
     using SoInput::read;
@@ -43,7 +55,10 @@ private:
         return !_isOver;
     }
 
+    const std::string& _text;
     Gate _gate;
+    std::size_t _counted = 0; ///< Bytes whose line ends are in _line.
+    std::size_t _line = 1;
     bool _isOver = false;
 };
 

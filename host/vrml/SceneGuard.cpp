@@ -13,10 +13,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cmath>
 #include <csignal>
 #include <cstring>
-#include <string_view>
+#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -43,13 +42,11 @@ std::string notRunning(int error)
 /// Spawns the program with its ends of what connects it to the guard; it has no output.
 int spawn(const std::string& program, const ReadLimits& limits, int socket, int progress, pid_t& process)
 {
-    // None at all would be no limit.
-    const std::string microseconds = std::to_string(std::max(std::llround(limits.seconds * 1e6), 1LL));
-    const std::string megabytes = std::to_string(limits.megabytes);
-    const std::string brackets = std::to_string(limits.brackets);
-    const std::string wordBytes = std::to_string(limits.wordBytes);
-    std::vector<const char*> words{program.c_str(),  microseconds.c_str(), megabytes.c_str(),
-                                   brackets.c_str(), wordBytes.c_str(),    nullptr};
+    const std::vector<std::string> told = limits.words();
+    std::vector<const char*> words{program.c_str()};
+    for (const std::string& word : told)
+        words.push_back(word.c_str());
+    words.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     // Out of the way of the program's own, which they may be in a host that was started without these.
@@ -147,6 +144,7 @@ void SceneGuard::check(const std::string& path)
         _isChecking = true;
     }
     _passed = 0;
+    _found.clear();
     _verdict.clear();
     if (!_isChecking)
         _verdict = _problem.empty() ? notRunning(EPIPE) : _problem;
@@ -156,7 +154,7 @@ void SceneGuard::receive()
 {
     std::array<char, 512> buffer{};
     ssize_t length = 0;
-    if (waitForAnswer(_socket, _limits.seconds + graceSeconds))
+    if (waitForAnswer(_socket, _limits.clockSeconds() + graceSeconds))
         length = recv(_socket, buffer.data(), buffer.size(), 0);
     if (length <= 0) {
         _isChecking = false;
@@ -165,12 +163,38 @@ void SceneGuard::receive()
         _verdict = "the reader does not come back from it";
         return;
     }
-    const std::string_view packet(buffer.data(), static_cast<std::size_t>(length));
-    const std::string beginning = CheckChannel::verdict + std::to_string(_number) + " ";
-    if (packet.substr(0, beginning.size()) != beginning)
-        return; // news, or of a file before
-    _isChecking = false;
-    _verdict = packet.substr(beginning.size());
+    take({buffer.data(), static_cast<std::size_t>(length)});
+}
+
+void SceneGuard::take(const std::string& packet)
+{
+    std::istringstream words(packet.substr(1));
+    std::uint64_t number = 0;
+    if (packet[0] == CheckChannel::news || !(words >> number) || number != _number)
+        return; // or of a file before
+    if (packet[0] == CheckChannel::verdict) {
+        _isChecking = false;
+        _verdict = packet.substr(packet.find(' ') + 1);
+        return;
+    }
+    FoundFile file;
+    if (words >> file.path >> file.bytes && !hasFound(file))
+        _found.emplace(file.path, file.bytes);
+}
+
+bool SceneGuard::hasFound(const FoundFile& file) const
+{
+    const auto [first, last] = _found.equal_range(file.path);
+    return std::any_of(first, last, [&](const auto& known) { return known.second == file.bytes; });
+}
+
+SceneGuard::Found SceneGuard::found(const FoundFile& file)
+{
+    while (_isChecking && !hasFound(file))
+        receive();
+    if (hasFound(file))
+        return Found::Same;
+    return _found.count(file.path) > 0 ? Found::Other : Found::Nothing;
 }
 
 bool SceneGuard::letsPass(std::uint64_t place)

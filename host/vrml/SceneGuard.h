@@ -1,10 +1,12 @@
 #pragma once
 
+#include "host/vrml/FoundFile.h"
 #include "host/vrml/ReadLimits.h"
 
 #include <sys/types.h>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -36,6 +38,12 @@ public:
     /// Hands a file over. One at a time: a check that is under way ends without a verdict.
     void check(const std::string& path);
 
+    /// What the check found where it looked for a file.
+    enum class Found { Same, Other, Nothing };
+
+    /// Waits until the check has found the same, or is over. `Nothing` where it has not looked for the file.
+    Found found(const FoundFile& file);
+
     /// Waits until the check is beyond this place, counted as ReadingSession does, or over. False where the
     /// file must not be read on; why is the verdict. Beyond the place before `end` the file is read, and only
     /// its scene's end is still to be checked.
@@ -55,8 +63,11 @@ private:
     void stop();
     bool send(const std::string& packet) const;
 
+    bool hasFound(const FoundFile& file) const;
+
     /// Waits for the program to say something.
     void receive();
+    void take(const std::string& packet);
 
     std::string _program;
     ReadLimits _limits;
@@ -65,8 +76,9 @@ private:
     std::uint64_t _number = 0; ///< Of the last file.
     std::uint64_t _passed = 0; ///< Of this file, when it was looked at last.
     bool _isChecking = false;
-    std::string _verdict; ///< On the last file.
-    std::string _problem; ///< Why the program does not run.
+    std::string _verdict;                               ///< On the last file.
+    std::string _problem;                               ///< Why the program does not run.
+    std::multimap<std::uint64_t, std::uint64_t> _found; ///< By this check: the numbers of FoundFile.
     std::unique_ptr<CheckProgress> _progress;
 };
 

@@ -13,9 +13,11 @@ namespace kthost
 SceneReading SceneReader::read(const std::string& path, const ReadingProgress& progress, SceneGuard* guard)
 {
     CoinLibrary::init();
+    const ReadLimits limits = guard ? guard->limits() : ReadLimits();
+    TextureImages::setLimit(limits.imagePixels);
     SceneReading result;
     {
-        ReadingSession session(result, {progress, guard, guard ? guard->limits() : ReadLimits(), {}, false});
+        ReadingSession session(result, {progress, guard, limits, {}, false});
         result.root = session.read(path, path, result.error);
     }
     if (result.root && guard)
@@ -26,12 +28,13 @@ SceneReading SceneReader::read(const std::string& path, const ReadingProgress& p
     return result;
 }
 
-void SceneReader::readSkeleton(const std::string& path, const ReadLimits& limits, const PassedPlace& passed)
+void SceneReader::readSkeleton(const std::string& path, const ReadLimits& limits,
+                               const ReadingFollower& follower)
 {
     CoinLibrary::init();
     TextureImages::leaveOut();
     SceneReading forgotten;
-    ReadingSession session(forgotten, {{}, nullptr, limits, passed, true});
+    ReadingSession session(forgotten, {{}, nullptr, limits, follower, true});
     session.read(path, path, forgotten.error);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/vrml/CoinRef.h"
+#include "host/vrml/FoundFile.h"
 #include "host/vrml/NodeNames.h"
 #include "host/vrml/ReadLimits.h"
 #include "host/vrml/SceneEnd.h"
@@ -34,8 +35,15 @@ struct SceneReading
 /// grows, about a hundred times in a large file and perhaps never in a small one. It must not throw.
 using ReadingProgress = std::function<void(double part)>;
 
-/// Told during a reading how much of all its texts is behind it, in bytes; grows, but not with every call.
-using PassedPlace = std::function<void(std::uint64_t place)>;
+/// Who follows a reading.
+struct ReadingFollower
+{
+    /// Told how much of all texts is behind it, in bytes; grows, but not with every call.
+    std::function<void(std::uint64_t place)> passed;
+
+    /// Told of each file when it was looked for, before anything of it is behind.
+    std::function<void(const FoundFile& file)> found;
+};
 
 /// Reads VRML97 files, plain or packed with gzip, with all that they refer to in the local file system:
 /// Inline and EXTERNPROTO files and textures, each looked up from the folder of the file that names it.
@@ -51,9 +59,9 @@ public:
                              SceneGuard* guard = nullptr);
 
     /// Reads the file as read() does, but without its images and long lists of numbers, and forgets it: for
-    /// SceneGuard's process, to see whether the reader survives. `passed` is told how far it is.
+    /// SceneGuard's process, to see whether the reader survives.
     static void readSkeleton(const std::string& path, const ReadLimits& limits,
-                             const PassedPlace& passed = {});
+                             const ReadingFollower& follower = {});
 };
 
 } // namespace kthost

@@ -20,6 +20,8 @@ void SceneWarnings::add(const std::string& text)
         ++known->count;
     else if (_entries.size() < mostEntries)
         _entries.push_back({text, 1});
+    else
+        ++_others;
 }
 
 } // namespace kthost

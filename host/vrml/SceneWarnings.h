@@ -25,9 +25,13 @@ public:
     /// How often add() was called.
     std::size_t total() const { return _total; }
 
+    /// How often of those its text was not kept.
+    std::size_t countOfOthers() const { return _others; }
+
 private:
     std::vector<Entry> _entries;
     std::size_t _total = 0;
+    std::size_t _others = 0;
 };
 
 } // namespace kthost

@@ -2,6 +2,7 @@
 
 #include "host/vrml/FileBytes.h"
 #include "host/vrml/LocalUrl.h"
+#include "host/vrml/ReadLimits.h"
 
 #include <Inventor/SbImage.h>
 #include <Inventor/VRMLnodes/SoVRMLImageTexture.h>
@@ -11,10 +12,11 @@
 #include <QImage>
 #include <QImageReader>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <utility>
-#include <vector>
 
 namespace kthost
 {
@@ -22,6 +24,15 @@ namespace
 {
 
 constexpr int largestSide = 16384;
+
+std::size_t mostPixels = ReadLimits().imagePixels;
+
+bool isTooLarge(const QSize& size)
+{
+    return size.width() > largestSide || size.height() > largestSide ||
+           (!size.isEmpty() &&
+            static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) > mostPixels);
+}
 
 std::string& folder()
 {
@@ -51,11 +62,22 @@ QImage decode(const std::string& bytes)
     QBuffer buffer(&view);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
-    const QSize size = reader.size();
-    if (size.width() > largestSide || size.height() > largestSide)
+    if (isTooLarge(reader.size()))
         return {};
-    const QImage image = reader.read();
-    return image.width() <= largestSide && image.height() <= largestSide ? image : QImage();
+    QImage image = reader.read();
+    return isTooLarge(image.size()) ? QImage() : image;
+}
+
+/// From the bottom up and not padded, as the library has its rows.
+void copyRows(const QImage& picture, int components, SbImage& image)
+{
+    const SbVec2s size(static_cast<short>(picture.width()), static_cast<short>(picture.height()));
+    image.setValue(size, components, nullptr);
+    SbVec2s copied;
+    unsigned char* row = image.getValue(copied, components);
+    const auto rowSize = static_cast<std::ptrdiff_t>(picture.width()) * components;
+    for (int y = picture.height() - 1; y >= 0; --y)
+        row = std::copy_n(picture.constScanLine(y), rowSize, row);
 }
 
 SbBool readForLibrary(const SbString& path, SbImage* image, void* /*closure*/)
@@ -87,6 +109,11 @@ void TextureImages::install()
     SoVRMLImageTexture::setImageDataMaxAge(std::numeric_limits<std::uint32_t>::max());
 }
 
+void TextureImages::setLimit(std::size_t pixels)
+{
+    mostPixels = pixels;
+}
+
 void TextureImages::leaveOut()
 {
     SoVRMLImageTexture::setDelayFetchURL(TRUE);
@@ -100,24 +127,17 @@ std::string TextureImages::setFolder(std::string path)
 bool TextureImages::read(const std::string& path, SbImage& image)
 {
     std::string ignored;
-    const std::optional<std::string> bytes = FileBytes::read(path, ignored);
+    std::optional<std::string> bytes = FileBytes::read(path, ignored);
     if (!bytes || bytes->size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return false;
     QImage picture = decode(*bytes);
+    bytes.reset(); // there are enough copies without it
     if (picture.isNull())
         return false;
 
     const PixelLayout layout = layoutOf(picture);
-    // The library's rows go from the bottom up and are not padded.
-    picture = picture.convertToFormat(layout.format).mirrored();
-    const auto rowSize =
-        static_cast<std::size_t>(picture.width()) * static_cast<std::size_t>(layout.components);
-    std::vector<unsigned char> pixels;
-    pixels.reserve(rowSize * static_cast<std::size_t>(picture.height()));
-    for (int row = 0; row < picture.height(); ++row)
-        pixels.insert(pixels.end(), picture.constScanLine(row), picture.constScanLine(row) + rowSize);
-    image.setValue(SbVec2s(static_cast<short>(picture.width()), static_cast<short>(picture.height())),
-                   layout.components, pixels.data());
+    picture = std::move(picture).convertToFormat(layout.format);
+    copyRows(picture, layout.components, image);
     return true;
 }
 

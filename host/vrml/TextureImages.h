@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 class SbImage;
@@ -21,9 +22,12 @@ public:
     /// Where relative URLs are looked up from now on, and the folder they were looked up in so far.
     static std::string setFolder(std::string folder);
 
+    /// Images of more pixels are left out from now on.
+    static void setLimit(std::size_t pixels);
+
     /// Reads an image file of the local file system into `image`, with as many components a pixel as it
-    /// needs. False where it is missing, no image, or larger than 16384 pixels a side; `image` is then as it
-    /// was.
+    /// needs. False where it is missing, no image, larger than the limit, or than 16384 pixels a side, which
+    /// is what graphics hardware takes; `image` is then as it was.
     static bool read(const std::string& path, SbImage& image);
 };
 

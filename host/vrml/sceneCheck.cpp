@@ -1,5 +1,6 @@
 // kthost-scene-check: reads scene files for SceneGuard, each in a process that may fail.
-//   kthost-scene-check MICROSECONDS MEGABYTES BRACKETS WORD-BYTES
+//   kthost-scene-check LIMIT...
+// with the words of ReadLimits.
 // CheckChannel says what it is connected with.
 #include "host/vrml/CheckChannel.h"
 #include "host/vrml/CheckProgress.h"
@@ -11,11 +12,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <csignal>
-#include <cstdlib>
 #include <string>
 
 namespace
@@ -105,10 +106,16 @@ private:
         const std::string packet = receive(socket);
         if (packet.empty())
             return;
-        CheckedReading::read(packet.substr(numberOf(packet).size() + 1), limits, [&](std::uint64_t place) {
+        const auto pass = [&](std::uint64_t place) {
             if (progress.tell(place))
                 sendPacket(CheckChannel::socket, std::string(1, CheckChannel::news));
-        });
+        };
+        const auto find = [&](const FoundFile& file) {
+            sendPacket(CheckChannel::socket, CheckChannel::found + numberOf(packet) + " " +
+                                                 std::to_string(file.path) + " " +
+                                                 std::to_string(file.bytes));
+        };
+        CheckedReading::read(packet.substr(numberOf(packet).size() + 1), limits, {pass, find});
         // At once: taking the process down takes its time too.
         sendVerdict(packet, {});
         _exit(survived);
@@ -141,13 +148,9 @@ void serve(const ReadLimits& limits, CheckProgress& progress)
 
 int main(int argc, char** argv)
 {
-    ReadLimits limits;
-    if (argc != 5)
+    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 1), argv + argc});
+    if (!limits)
         return 2;
-    limits.seconds = static_cast<double>(std::strtoll(argv[1], nullptr, 10)) / 1e6;
-    limits.megabytes = std::strtoul(argv[2], nullptr, 10);
-    limits.brackets = std::strtoul(argv[3], nullptr, 10);
-    limits.wordBytes = std::strtoul(argv[4], nullptr, 10);
     // Interrupts at the terminal are for the host, whose end is ours.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     std::signal(SIGINT, SIG_IGN);
@@ -156,5 +159,5 @@ int main(int argc, char** argv)
     CheckProgress progress(CheckChannel::progress);
     if (progress.failed())
         return 2;
-    serve(limits, progress);
+    serve(*limits, progress);
 }

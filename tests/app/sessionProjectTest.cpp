@@ -163,4 +163,22 @@ TEST_F(SessionProjectTest, AMovedProjectTakesItsSceneAlong)
     EXPECT_EQ(session.file(), path("there/door.wrl"));
 }
 
+TEST_F(SessionProjectTest, WarningsOfASceneAreToldWithTheirLinesAndAHundredOfThemInWords)
+{
+    QByteArray text = "#VRML V2.0 utf8\n";
+    for (int i = 0; i < 103; ++i)
+        text += "Inline {\nurl \"none" + QByteArray::number(i) + ".wrl\" }\n";
+    put("scene.wrl", text);
+
+    session.open(path("scene.wrl"));
+
+    const std::string scene = path("scene.wrl").toStdString();
+    ASSERT_EQ(log.lines().size(), 102U);
+    EXPECT_EQ(log.lines()[0], "info: " + scene + ", line 3: Inline left out: there is no file 'none0.wrl'");
+    EXPECT_EQ(log.lines()[99],
+              "info: " + scene + ", line 201: Inline left out: there is no file 'none99.wrl'");
+    EXPECT_EQ(log.lines()[100], "info: " + scene + ": ... and 3 other warnings");
+    EXPECT_EQ(log.lines()[101], "info: " + scene + ": opened with 103 warnings");
+}
+
 } // namespace

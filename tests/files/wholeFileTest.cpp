@@ -1,14 +1,12 @@
 #include "host/files/WholeFile.h"
 
+#include "tests/support/ProcessLimit.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-
-#include <csignal>
-
-#include <sys/resource.h>
 
 using kthost::WholeFile;
 
@@ -62,17 +60,10 @@ TEST_F(WholeFileTest, OnlyRegularFilesAreReplaced)
 TEST_F(WholeFileTest, WhatDoesNotFitLeavesTheOlderOneAndNothingElse)
 {
     ASSERT_EQ(WholeFile::write(path("f"), "older"), "");
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit limit{1000, before.rlim_max};
-    const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
     for (const int size : {1001, 20000, 1000000}) {
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        const QString why = WholeFile::write(path("f"), QByteArray(size, 'x'));
-        ::setrlimit(RLIMIT_FSIZE, &before);
-        EXPECT_EQ(why, "File too large") << size;
+        const kt::test::FileSizeLimit limit(1000, SIG_IGN);
+        EXPECT_EQ(WholeFile::write(path("f"), QByteArray(size, 'x')), "File too large") << size;
     }
-    std::signal(SIGXFSZ, signalBefore);
 
     EXPECT_EQ(bytes(path("f")), "older");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("f"));

@@ -1,5 +1,7 @@
 #include "host/files/WholeSettings.h"
 
+#include "tests/support/ProcessLimit.h"
+
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -7,10 +9,6 @@
 #include <QSettings>
 #include <QSize>
 #include <QTemporaryDir>
-
-#include <csignal>
-
-#include <sys/resource.h>
 
 using kthost::WholeSettings;
 
@@ -81,17 +79,12 @@ TEST_F(WholeSettingsTest, StayWhereTheNewOnesDoNotFit)
     for (const int size : {100, 30000}) {
         QSettings().setValue("kept", QString(size, 'x'));
         const QByteArray before = bytes();
-        rlimit unlimited{};
-        ::getrlimit(RLIMIT_FSIZE, &unlimited);
-        const rlimit limit{80, unlimited.rlim_max};
-        const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
-        ::setrlimit(RLIMIT_FSIZE, &limit);
         QSettings settings;
         settings.setValue("more", true);
-        settings.sync();
-        ::setrlimit(RLIMIT_FSIZE, &unlimited);
-        std::signal(SIGXFSZ, signalBefore);
-
+        {
+            const kt::test::FileSizeLimit limit(80, SIG_IGN);
+            settings.sync();
+        }
         EXPECT_EQ(settings.status(), QSettings::AccessError) << size;
         EXPECT_EQ(bytes(), before) << size;
         settings.remove("more");

@@ -1,5 +1,7 @@
 #include "host/project/ProjectFile.h"
+
 #include "host/project/ProjectError.h"
+#include "tests/support/ProcessLimit.h"
 
 #include <gtest/gtest.h>
 
@@ -9,10 +11,8 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <functional>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -74,30 +74,6 @@ protected:
     }
 
     QTemporaryDir folder;
-};
-
-/// No file of this process may grow beyond this, for as long as it lives.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        ::getrlimit(RLIMIT_FSIZE, &_before);
-        const rlimit limit{bytes, _before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        _signal = std::signal(SIGXFSZ, SIG_IGN);
-    }
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &_before);
-        std::signal(SIGXFSZ, _signal);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit _before{};
-    void (*_signal)(int) = SIG_DFL;
 };
 
 /// Root may write anywhere; meanwhile this process is somebody else.
@@ -202,12 +178,12 @@ TEST_F(ProjectFileTest, AFileThatMayNotGrowFurtherKeepsTheOldOne)
 {
     put(path("p.ktproj"), "old");
     {
-        const FileSizeLimit limit(4096);
+        const kt::test::FileSizeLimit limit(4096, SIG_IGN);
         EXPECT_EQ(failureOfWrite(path("p.ktproj"), large()),
                   path("p.ktproj").toStdString() + ": File too large");
     }
     {
-        const FileSizeLimit limit(10);
+        const kt::test::FileSizeLimit limit(10, SIG_IGN);
         EXPECT_EQ(failureOfWrite(path("p.ktproj")), path("p.ktproj").toStdString() + ": File too large");
     }
     EXPECT_EQ(bytesOf(path("p.ktproj")), "old");

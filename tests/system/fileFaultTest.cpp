@@ -1,4 +1,5 @@
 // Files that cannot be written or are no longer there: one line, the right status, nothing half written.
+#include "tests/support/ProcessLimit.h"
 #include "tests/system/HostProcess.h"
 
 #include <gmock/gmock.h>
@@ -13,7 +14,6 @@
 
 #include <grp.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using kt::test::HostRun;
@@ -61,31 +61,6 @@ protected:
     }
 
     QTemporaryDir folder;
-};
-
-/// No file of the test's, or of what it starts, grows beyond this while one lives.
-class SizeLimit
-{
-public:
-    explicit SizeLimit(rlim_t bytes) : _signalBefore(std::signal(SIGXFSZ, SIG_DFL))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &_before);
-        const rlimit limit{bytes, _before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-
-    ~SizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &_before);
-        std::signal(SIGXFSZ, _signalBefore);
-    }
-
-    SizeLimit(const SizeLimit&) = delete;
-    SizeLimit& operator=(const SizeLimit&) = delete;
-
-private:
-    rlimit _before{};
-    void (*_signalBefore)(int);
 };
 
 /// A disk of 16 pages for as long as it lives; isThere() is false where one may not be made.
@@ -143,7 +118,7 @@ TEST_F(FileFault, APictureThatIsTooLargeForTheDiskKeepsTheOlderOne)
     write("picture.png", "older");
     HostRun run;
     {
-        const SizeLimit limit(1000);
+        const kt::test::FileSizeLimit limit(1000, SIG_DFL);
         run = runHeadless({path("door.wrl"), "--screenshot", path("picture.png")});
     }
     expectRefusal(run, "picture.png: File too large");
@@ -153,7 +128,7 @@ TEST_F(FileFault, APictureThatIsTooLargeForTheDiskKeepsTheOlderOne)
 
 TEST_F(FileFault, FramesEndWithTheFirstThatDoesNotFit)
 {
-    const SizeLimit limit(1000);
+    const kt::test::FileSizeLimit limit(1000, SIG_DFL);
     const HostRun run = runHeadless({path("door.wrl"), "--frames", path("frames"), "--run", "1"});
 
     expectRefusal(run, "frame-00001.png: File too large");

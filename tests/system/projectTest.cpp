@@ -1,5 +1,6 @@
 // Settings travel with the project: one kthost saves them, another one opens them.
 #include "tests/support/Effort.h"
+#include "tests/support/ProcessLimit.h"
 #include "tests/system/HostProcess.h"
 
 #include <gtest/gtest.h>
@@ -10,9 +11,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using kt::test::HostRun;
 
@@ -220,16 +218,10 @@ TEST_F(ProjectTest, ASaveThatFailsEndsWithStatusThreeAndKeepsTheOldFile)
     expectRefused(run({path("door.wrl"), "--save", path("none/p.ktproj")}), "No such file or directory");
 
     put("p.ktproj", "old");
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit none{100, before.rlim_max}; // bytes of any file; the program inherits it
-    const auto signalBefore = std::signal(SIGXFSZ, SIG_DFL);
-    ::setrlimit(RLIMIT_FSIZE, &none);
-    const HostRun refused = run({path("door.wrl"), "--save", path("p.ktproj")});
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, signalBefore);
-
-    expectRefused(refused, "File too large");
+    {
+        const kt::test::FileSizeLimit limit(100, SIG_DFL);
+        expectRefused(run({path("door.wrl"), "--save", path("p.ktproj")}), "File too large");
+    }
     EXPECT_EQ(bytes("p.ktproj"), "old");
 }
 

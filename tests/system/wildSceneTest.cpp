@@ -1,4 +1,5 @@
 // Files that the reader's library does not survive, through the built host.
+#include "tests/support/ProcessLimit.h"
 #include "tests/system/HostProcess.h"
 
 #include <gtest/gtest.h>
@@ -96,5 +97,66 @@ TEST_F(WildScene, PrototypesThatGrowWithoutBounds)
         text += "PROTO P" + QByteArray::number(i) + " [] { Group { children [ " + below + "] } }\n";
     }
     expectRefusal(list(write(text + "P20 {}"), {{"KTHOST_READ_SECONDS", "1"}}),
+                  QStringLiteral(": the reader takes longer than 1 s for it"));
+}
+
+TEST_F(WildScene, IsReadWithHalfOfTheStackThatTheHostHas)
+{
+    const QString scene = write(nested(2400) + "DEF T TimeSensor {}");
+    const std::map<std::string, std::string> deep{{"KTHOST_READ_BRACKETS", "10000"},
+                                                  {"KTHOST_READ_DEPTH", "10000"}};
+    {
+        const kt::test::ProcessLimit small(RLIMIT_STACK, 2U << 20U);
+        expectRefusal(list(scene, deep),
+                      QStringLiteral(": it is nested too deep for the reader, or without end"));
+    }
+    const kt::test::ProcessLimit large(RLIMIT_STACK, 256U << 20U);
+    EXPECT_EQ(list(scene, deep).output, "T\n");
+}
+
+TEST_F(WildScene, FilesInsideEachOtherWithoutMeasure)
+{
+    write("Inline { url \"1.wrl\" } DEF T TimeSensor {}");
+    for (int i = 1; i <= 4; ++i) {
+        QFile file(folder.filePath(QStringLiteral("%1.wrl").arg(i)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#VRML V2.0 utf8\nDEF T" + QByteArray::number(i) + " TimeSensor {}\nInline { url \"" +
+                   QByteArray::number(i + 1) + ".wrl\" }");
+    }
+    const QString scene = folder.filePath(QStringLiteral("wild.wrl"));
+
+    EXPECT_EQ(list(scene, {{"KTHOST_READ_FILES", "3"}}).output, "T1\nT2\nT\n");
+    EXPECT_EQ(list(scene).output, "T1\nT2\nT3\nT4\nT\n");
+}
+
+TEST_F(WildScene, AFileThatIsTooLarge)
+{
+    const QString scene = write(QByteArray(3 << 20, ' '));
+
+    expectRefusal(list(scene, {{"KTHOST_READ_FILE_MEGABYTES", "3"}}),
+                  QStringLiteral(": it is larger than 3 megabytes"));
+}
+
+TEST_F(WildScene, ThatOnlyTheHostCanOpen)
+{
+    kt::test::HostProcess host({"--headless", "/dev/stdin", "--list"});
+    host.setStandardInputFile(write("DEF T TimeSensor {}"));
+    host.run();
+    const HostRun run = host.result();
+
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.errors, "kthost: /dev/stdin: its check did not read it\n");
+}
+
+TEST_F(WildScene, FilesThatReferToEachOtherManyTimesAreNotReadAfterTheRefusal)
+{
+    // Each fails behind the next ones, of which the last is open already and may not be the next time.
+    for (int i = 0; i < 24; ++i) {
+        QFile file(folder.filePath(QStringLiteral("%1.wrl").arg(i)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        const QByteArray next = QByteArray::number((i + 1) % 24) + ".wrl#P";
+        file.write("#VRML V2.0 utf8\nEXTERNPROTO P [] [ \"" + next + "\" \"" + next + "2\" ]\nGroup {");
+    }
+    expectRefusal(list(write("EXTERNPROTO P [] \"0.wrl#P\""), {{"KTHOST_READ_SECONDS", "1"}}),
                   QStringLiteral(": the reader takes longer than 1 s for it"));
 }

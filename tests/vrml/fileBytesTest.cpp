@@ -1,10 +1,9 @@
 #include "host/vrml/FileBytes.h"
 
+#include "tests/vrml/Gzip.h"
 #include "tests/vrml/SceneFiles.h"
 
 #include <gtest/gtest.h>
-
-#include <zlib.h>
 
 #include <unistd.h>
 
@@ -13,24 +12,15 @@ namespace kthost
 namespace
 {
 
-std::string gzip(const std::string& bytes)
-{
-    z_stream stream{};
-    deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
-    std::string packed(deflateBound(&stream, bytes.size()), '\0');
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef*>(&packed[0]);
-    stream.avail_out = static_cast<uInt>(packed.size());
-    deflate(&stream, Z_FINISH);
-    packed.resize(packed.size() - stream.avail_out);
-    deflateEnd(&stream);
-    return packed;
-}
-
 class FileBytesTest : public testing::Test
 {
 protected:
+    std::optional<std::string> readUnpacked(const std::string& path, std::size_t megabytes = 1024)
+    {
+        std::optional<std::string> bytes = FileBytes::read(path, error, {megabytes, {}});
+        return bytes ? FileBytes::unpack(*bytes, error, {megabytes, {}}) : std::nullopt;
+    }
+
     test::SceneFolder folder;
     std::string error;
 };
@@ -38,70 +28,95 @@ protected:
 TEST_F(FileBytesTest, ReadsEveryByte)
 {
     const std::string bytes("a\0b\r\n\xFF", 6);
-    EXPECT_EQ(FileBytes::readUnpacked(folder.write("file", bytes), error), bytes);
-    EXPECT_EQ(FileBytes::readUnpacked(folder.write("empty", ""), error), "");
+    EXPECT_EQ(readUnpacked(folder.write("file", bytes)), bytes);
+    EXPECT_EQ(readUnpacked(folder.write("empty", "")), "");
 }
 
 TEST_F(FileBytesTest, UnpacksAGzipStreamWhateverTheFileIsCalled)
 {
     const std::string bytes(3'000'000, 'x');
-    EXPECT_EQ(FileBytes::readUnpacked(folder.write("scene.wrl", gzip(bytes)), error), bytes);
-    EXPECT_EQ(FileBytes::readUnpacked(folder.write("none.wrl.gz", ""), error), "");
-    EXPECT_EQ(FileBytes::read(folder.path("scene.wrl"), error), gzip(bytes));
+    EXPECT_EQ(readUnpacked(folder.write("scene.wrl", test::gzip(bytes))), bytes);
+    EXPECT_EQ(readUnpacked(folder.write("none.wrl.gz", "")), "");
+    EXPECT_EQ(FileBytes::read(folder.path("scene.wrl"), error), test::gzip(bytes));
 }
 
 TEST_F(FileBytesTest, UnpacksSeveralMembersAndIgnoresWhatFollows)
 {
-    EXPECT_EQ(FileBytes::readUnpacked(folder.write("file", gzip("one ") + gzip("two") + "padding"), error),
+    EXPECT_EQ(readUnpacked(folder.write("file", test::gzip("one ") + test::gzip("two") + "padding")),
               "one two");
 }
 
 TEST_F(FileBytesTest, RefusesWhatUnpacksToMoreThanTheLimitInOneMemberOrInMany)
 {
     constexpr std::size_t megabyte = 1U << 20U;
-    const std::string member = gzip(std::string(megabyte / 8, ' '));
+    const std::string member = test::gzip(std::string(megabyte / 8, ' '));
     std::string many;
     for (int i = 0; i < 80; ++i)
         many += member;
-    for (const std::string& bytes : {gzip(std::string(10 * megabyte, ' ')), many}) {
-        EXPECT_FALSE(FileBytes::readUnpacked(folder.write("file", bytes), error, 9 * megabyte));
+    for (const std::string& bytes : {test::gzip(std::string(10 * megabyte, ' ')), many}) {
+        EXPECT_FALSE(readUnpacked(folder.write("file", bytes), 9));
         EXPECT_EQ(error, "the gzip stream unpacks to more than 9 megabytes");
-        EXPECT_TRUE(FileBytes::readUnpacked(folder.path("file"), error, 10 * megabyte));
+        EXPECT_TRUE(readUnpacked(folder.path("file"), 10));
     }
+}
+
+TEST_F(FileBytesTest, RefusesAFileThatIsLargerThanTheLimit)
+{
+    constexpr std::size_t megabyte = 1U << 20U;
+    const std::string path = folder.write("file", std::string(2 * megabyte + 1, ' '));
+    EXPECT_FALSE(readUnpacked(path, 2));
+    EXPECT_EQ(error, "it is larger than 2 megabytes");
+    EXPECT_TRUE(readUnpacked(path, 3));
+}
+
+TEST_F(FileBytesTest, AsksBeforeItHoldsManyBytes)
+{
+    std::size_t asked = 0;
+    const auto mayHold = [&](std::size_t bytes) {
+        asked = bytes;
+        return bytes <= 1000000;
+    };
+    const std::string many(3000000, ' ');
+    EXPECT_FALSE(FileBytes::read(folder.write("file", many), error, {1024, mayHold}));
+    EXPECT_EQ(error, "it is too large to be read now");
+    EXPECT_EQ(asked, 3000000U);
+    EXPECT_FALSE(FileBytes::unpack(test::gzip(many), error, {1024, mayHold}));
+    EXPECT_EQ(error, "it is too large to be read now");
+    EXPECT_LT(asked, 1500000U);
+    EXPECT_TRUE(FileBytes::unpack(test::gzip(many.substr(0, 900000)), error, {1024, mayHold}));
 }
 
 TEST_F(FileBytesTest, RefusesAStreamThatIsCutShort)
 {
-    const std::string packed = gzip("Transform { children [ Shape {} ] }");
+    const std::string packed = test::gzip("Transform { children [ Shape {} ] }");
     for (const std::size_t length : {std::size_t(2), std::size_t(12), packed.size() - 1}) {
-        EXPECT_FALSE(FileBytes::readUnpacked(folder.write("file", packed.substr(0, length)), error))
-            << length;
+        EXPECT_FALSE(readUnpacked(folder.write("file", packed.substr(0, length)))) << length;
         EXPECT_EQ(error, "the gzip stream is cut short") << length;
     }
 }
 
 TEST_F(FileBytesTest, RefusesADamagedStream)
 {
-    std::string packed = gzip("Transform { children [ Shape {} ] }");
+    std::string packed = test::gzip("Transform { children [ Shape {} ] }");
     packed[packed.size() - 6] = static_cast<char>(packed[packed.size() - 6] ^ 0x55); // in the check sum
-    EXPECT_FALSE(FileBytes::readUnpacked(folder.write("file", packed), error));
+    EXPECT_FALSE(readUnpacked(folder.write("file", packed)));
     EXPECT_EQ(error.find("the gzip stream is damaged"), 0U) << error;
 }
 
 TEST_F(FileBytesTest, RefusesWhatIsNoFileThatCanBeRead)
 {
-    EXPECT_FALSE(FileBytes::readUnpacked(folder.path("none"), error));
+    EXPECT_FALSE(readUnpacked(folder.path("none")));
     EXPECT_EQ(error, "No such file or directory");
-    EXPECT_FALSE(FileBytes::readUnpacked(folder.makeFolder("sub"), error));
+    EXPECT_FALSE(readUnpacked(folder.makeFolder("sub")));
     EXPECT_EQ(error, "it is a folder");
-    EXPECT_FALSE(FileBytes::readUnpacked("/dev/null", error));
+    EXPECT_FALSE(readUnpacked("/dev/null"));
     EXPECT_EQ(error, "it is not a regular file");
 }
 
 TEST_F(FileBytesTest, RefusesAPipeWithoutWaitingForIt)
 {
     ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
-    EXPECT_FALSE(FileBytes::readUnpacked(folder.path("pipe"), error));
+    EXPECT_FALSE(readUnpacked(folder.path("pipe")));
     EXPECT_EQ(error, "it is not a regular file");
 }
 
@@ -110,7 +125,7 @@ TEST_F(FileBytesTest, RefusesAFileThatMayNotBeRead)
     if (geteuid() == 0)
         GTEST_SKIP() << "root may read everything";
     chmod(folder.write("file", "x").c_str(), 0);
-    EXPECT_FALSE(FileBytes::readUnpacked(folder.path("file"), error));
+    EXPECT_FALSE(readUnpacked(folder.path("file")));
     EXPECT_EQ(error, "Permission denied");
 }
 

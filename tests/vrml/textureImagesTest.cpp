@@ -1,5 +1,7 @@
 #include "host/vrml/TextureImages.h"
 
+#include "host/vrml/ReadLimits.h"
+
 #include "tests/vrml/BuiltScene.h"
 #include "tests/vrml/SceneFiles.h"
 
@@ -70,6 +72,16 @@ TEST_F(TextureImagesTest, KeepsTransparencyAndGrey)
     grey.fill(77);
     ASSERT_TRUE(TextureImages::read(save("grey.png", grey), image));
     EXPECT_EQ(pixelsOf(image, components), std::vector<int>{77});
+}
+
+TEST_F(TextureImagesTest, RefusesMorePixelsThanTheLimit)
+{
+    const std::string path = save("a.png", QImage(30, 20, QImage::Format_RGB32));
+    TextureImages::setLimit(599);
+    EXPECT_FALSE(TextureImages::read(path, image));
+    TextureImages::setLimit(600);
+    EXPECT_TRUE(TextureImages::read(path, image));
+    TextureImages::setLimit(ReadLimits().imagePixels);
 }
 
 TEST_F(TextureImagesTest, RefusesWhatIsNoImage)

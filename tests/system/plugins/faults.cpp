@@ -1,12 +1,10 @@
 // A plug-in that fails in one of the host's calls, as its environment says:
 //   KT_FAULT   the call, one of those that are handed to at() below
-//   KT_KIND    what it does there: "std" and "other" throw, "twice" throws and then crashes when it is asked
-//   what it
-//              keeps, a number is the signal that it sends the process
-// --send faultKey=x presses a key, --send faultCore=x puts a sensor of its own class into the scene,
-// --send faultDialog=x shows a modal dialog, --send faultUncaught=x fails where no exception can be caught,
-// and
-// --send faultLog=x has the host fail where it expects no exception: when it tells of one.
+//   KT_KIND    what it does there: "std" and "other" throw, "twice" throws and crashes when it is asked next
+//              what it keeps, a number is the signal that it sends the process
+// --send faultKey=x presses a key, faultCore=x puts a sensor of its own class into the scene, faultDialog=x
+// shows a modal dialog, faultUncaught=x fails where no exception can be caught, and faultLog=x has the host
+// fail where it expects no exception: when it tells of one.
 #include <kt/ktController.h>
 #include <kt/ktFileIO.h>
 #include <kt/ktLog.h>
