@@ -31,6 +31,9 @@ struct DockedWindow
     {
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+        // What the display answers to their first appearance comes too late for a size that is set before it.
+        for (QDockWidget* dock : window.findChildren<QDockWidget*>())
+            EXPECT_TRUE(!dock->isFloating() || dock->isHidden() || QTest::qWaitForWindowExposed(dock));
         QApplication::setActiveWindow(&window);
     }
 

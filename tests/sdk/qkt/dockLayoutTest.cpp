@@ -20,6 +20,7 @@ protected:
         run.window.addDockWidget(Qt::LeftDockWidgetArea, tree);
         console->close();
         panel->setFloating(true);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(panel));
         panel->resize(333, 222);
         run.window.resize(900, 600);
         QApplication::processEvents();
