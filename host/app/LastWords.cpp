@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <exception>
 #include <thread>
+#include <utility>
 
 namespace kthost
 {
@@ -26,13 +27,16 @@ int placeStatus = static_cast<int>(ExitStatus::Broken);
 int finalStatus = 0;
 std::thread::id mainThread;
 LastWords::Rescue rescuer;
-std::atomic<bool> isSaying{false};
+
+/// The thread that is saying its last words, and what the program then ends with.
+std::atomic<std::thread::id> saying;
+std::atomic<int> endStatus{0};
 
 [[noreturn]] void endTheLine(int)
 {
     const char end = '\n';
     [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, &end, 1);
-    std::_Exit(placeStatus);
+    std::_Exit(endStatus);
 }
 
 /// Where so much is wrong already, a rescue may crash or hang. Then it is the end all the same.
@@ -46,21 +50,8 @@ std::string carefullyRescued()
 
 [[noreturn]] void sayAndEnd()
 {
-    if (isSaying.exchange(true)) {
-        if (std::this_thread::get_id() == mainThread)
-            endTheLine(0); // it is the rescue that failed
-        while (true)
-            pause(); // the other thread's words come first
-    }
     const std::string why = std::current_exception() ? ktFailures::present() : "the program was told to end";
-    const HostError error(static_cast<ExitStatus>(placeStatus), place, why);
-    std::fprintf(stderr, "kthost: %s", error.what());
-    std::fflush(stderr);
-    if (std::this_thread::get_id() == mainThread)
-        std::fprintf(stderr, "%s", ktFailures::inOneLine(carefullyRescued()).c_str());
-    std::fprintf(stderr, "\n");
-    std::fflush(stdout);
-    std::_Exit(placeStatus); // what is at fault is still there: nothing of it is touched again
+    LastWords::end(HostError(static_cast<ExitStatus>(placeStatus), place, why));
 }
 
 } // namespace
@@ -69,6 +60,26 @@ void LastWords::prepare()
 {
     mainThread = std::this_thread::get_id();
     std::set_terminate(sayAndEnd);
+}
+
+void LastWords::end(const HostError& error)
+{
+    const std::thread::id present = std::this_thread::get_id();
+    std::thread::id nobody;
+    if (!saying.compare_exchange_strong(nobody, present)) {
+        if (saying.load() == present)
+            endTheLine(0); // it is the rescue that failed
+        while (true)
+            pause(); // the other thread's words come first
+    }
+    endStatus = static_cast<int>(error.status());
+    std::fprintf(stderr, "kthost: %s", error.what());
+    std::fflush(stderr);
+    if (present == mainThread)
+        std::fprintf(stderr, "%s", ktFailures::inOneLine(carefullyRescued()).c_str());
+    std::fprintf(stderr, "\n");
+    std::fflush(stdout);
+    std::_Exit(endStatus); // what is at fault is still there: nothing of it is touched again
 }
 
 void LastWords::setStatus(int status)

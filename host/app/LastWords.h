@@ -17,6 +17,11 @@ public:
     /// From now on. Called by the main thread.
     static void prepare();
 
+    /// Ends the program where it cannot go on, with the error's status and "kthost: WHAT: WHY". On the main
+    /// thread what is not saved is rescued before the end of the line, unless that crashes or takes more than
+    /// some seconds in its turn. Any thread.
+    [[noreturn]] static void end(const HostError& error);
+
     /// What the program ends with where nothing else is the matter; as soon as that is known.
     static void setStatus(int status);
     static int status();

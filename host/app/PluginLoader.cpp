@@ -12,9 +12,11 @@
 
 #include <QDir>
 #include <QDockWidget>
+#include <QFile>
 #include <QMainWindow>
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <algorithm>
 #include <cstring>
@@ -62,9 +64,16 @@ const void* baseOf(const void* place)
     return dladdr(place, &info) != 0 ? info.dli_fbase : nullptr;
 }
 
-const void* baseOf(QLibrary& library)
+/// The same of a library that is loaded; null where it is not.
+const void* baseOf(const QLibrary& library)
 {
-    return baseOf(reinterpret_cast<const void*>(library.resolve("initPlugin")));
+    void* const handle = dlopen(QFile::encodeName(library.fileName()).constData(), RTLD_LAZY | RTLD_NOLOAD);
+    link_map* map = nullptr;
+    const bool isKnown = handle && dlinfo(handle, RTLD_DI_LINKMAP, &map) == 0;
+    const void* const base = isKnown ? reinterpret_cast<const void*>(map->l_addr) : nullptr;
+    if (handle)
+        dlclose(handle);
+    return base;
 }
 
 /// Where the code of a module's class is loaded, by its table of virtual functions.
@@ -76,11 +85,11 @@ const void* baseOf(const ktModuleBase& module)
 }
 
 /// No callback of the library is called any more, whether it took them back or not.
-void dropCallbacksOf(QLibrary& library)
+void dropCallbacksOf(const QLibrary& library)
 {
     const void* base = baseOf(library);
     const auto isOfLibrary = [base](auto callback) {
-        return baseOf(reinterpret_cast<const void*>(callback)) == base;
+        return base && baseOf(reinterpret_cast<const void*>(callback)) == base;
     };
     ktController::dropCallbacks(isOfLibrary);
     ktOSGWidget::dropCallbacks(isOfLibrary);
@@ -134,28 +143,30 @@ QString PluginLoader::load(const QString& file)
 {
     auto library = std::make_unique<QLibrary>(file);
     library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
-    InitFunction init = nullptr;
-    QString why;
-    QString thrownEarly;
-    {
-        const LastWords::While loading("plug-in " + file.toStdString() + ": it threw while it was loaded",
-                                       static_cast<int>(ExitStatus::NoPlugin));
-        thrownEarly = thrownBy([&] { why = refusal(*library, init); });
-    }
-    if (why.isEmpty())
-        why = thrownEarly;
-    if (!why.isEmpty()) {
-        library->unload();
-        return why;
-    }
-
     const std::vector<ktModuleBase*> before = ktModuleBase::modules();
     const QList<QDockWidget*> docks = presentDocks();
-    const QString thrown = thrownBy(init);
-    if (!thrown.isEmpty()) {
+    const auto leaveNothing = [&] {
         dropCallbacksOf(*library);
         ktModuleBase::drop([&before](ktModuleBase* module) { return !contains(before, module); });
         dropDocksBut(docks);
+    };
+    InitFunction init = nullptr;
+    QString why;
+    {
+        const LastWords::While loading("plug-in " + file.toStdString() + ": it threw while it was loaded",
+                                       static_cast<int>(ExitStatus::NoPlugin));
+        const QString thrown = thrownBy([&] { why = refusal(*library, init); });
+        if (why.isEmpty())
+            why = thrown;
+        if (!why.isEmpty()) {
+            leaveNothing();
+            library->unload();
+            return why;
+        }
+    }
+    const QString thrown = thrownBy(init);
+    if (!thrown.isEmpty()) {
+        leaveNothing();
         return thrown;
     }
     const std::vector<ktModuleBase*> made = modulesBut(before);
@@ -218,12 +229,12 @@ void PluginLoader::unloadAll()
     while (!_plugins.empty()) {
         Plugin plugin = std::move(_plugins.back());
         _plugins.pop_back();
-        const std::vector<ktModuleBase*> modules = modulesOf(plugin);
-        const bool isPanelGone = removePanels(modules);
-        dropCallbacksOf(*plugin.library);
         const LastWords::While unloading("plug-in " + plugin.library->fileName().toStdString() +
                                              ": it threw while it was unloaded",
                                          LastWords::status());
+        const std::vector<ktModuleBase*> modules = modulesOf(plugin);
+        const bool isPanelGone = removePanels(modules);
+        dropCallbacksOf(*plugin.library);
         if (!isPanelGone)
             continue;
         plugin.library->unload();

@@ -28,8 +28,8 @@ public:
 
     /// Loads one library, calls its initPlugin(), then init() of the modules it made. The answer is empty, or
     /// one line that says why it was refused: it cannot be loaded, lacks an entry point, has another version
-    /// than the host, or threw. A refused library leaves nothing behind; of one that threw docks
-    /// and callbacks go and modules are not known any more, but its code stays in memory, since what else it
+    /// than the host, or threw. A refused library leaves nothing behind: docks and callbacks go, and modules
+    /// are not known any more. Of one whose initPlugin() threw the code stays in memory, since what else it
     /// had made may be in use.
     QString load(const QString& file);
 

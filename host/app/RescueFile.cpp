@@ -3,6 +3,7 @@
 #include "host/app/HostError.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -37,11 +38,14 @@ QString temporaryFolder(const QString&)
     return folder.isValid() ? folder.path() : QString();
 }
 
-QString freeName(const QString& folder, const QString& name)
+/// Takes a name that is free by an empty file: another host may rescue something at the same time. Where none
+/// can be made, the name that is free now.
+QString takeFreeName(const QString& folder, const QString& name)
 {
     const QString start = folder + QLatin1Char('/') + name;
     QString file = start + QLatin1String(".rescued.ktproj");
-    for (int i = 2; QFileInfo::exists(file); ++i)
+    for (int i = 2; !QFile(file).open(QIODevice::WriteOnly | QIODevice::NewOnly) && QFileInfo::exists(file);
+         ++i)
         file = start + QStringLiteral(".rescued-%1.ktproj").arg(i);
     return file;
 }
@@ -56,11 +60,12 @@ QString RescueFile::write(const QString& shown, const std::function<void(const Q
         const QString folder = place(shown);
         if (folder.isEmpty())
             continue;
-        const QString file = freeName(folder, name);
+        const QString file = takeFreeName(folder, name);
         try {
             write(file);
             return file;
         } catch (const HostError& error) {
+            QFile::remove(file);
             if (!first)
                 first = error;
         }

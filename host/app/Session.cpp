@@ -220,7 +220,7 @@ void Session::save(const QString& project)
 Session::Rescued Session::rescue() const
 {
     const QString shown = projectFile().isEmpty() ? _file : projectFile();
-    if (shown.isEmpty() || !isModified())
+    if (shown.isEmpty() || _isLetGo || !_project.isModified(_file))
         return {};
     Rescued rescued;
     rescued.file = RescueFile::write(
@@ -238,7 +238,7 @@ void Session::close()
 
 void Session::letGo()
 {
-    _isBusy = true; // for good: nobody is asked for changes any more
+    _isBusy = _isLetGo = true; // for good: nobody is asked for changes any more
     ktSelectionManager::selectNodes({});
     ktScenegraph::setRootNode({});
     _file.clear();

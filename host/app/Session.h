@@ -153,6 +153,7 @@ private:
     auto beBusyWith(const QString& file);
 
     bool _isBusy = false;
+    bool _isLetGo = false;
     SceneGuard* _guard = nullptr;
     FrameLoop _frames;
     OpenProject _project;

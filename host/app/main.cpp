@@ -70,10 +70,9 @@ int ended(int status)
 }
 
 /// What no room caught on the way, such as a lack of memory, ends in one line like everything else.
-int failByException()
+HostError unexpected()
 {
-    return fail(HostError(ExitStatus::Broken, "what was asked for failed",
-                          ktFailures::present() + LastWords::rescued()));
+    return {ExitStatus::Broken, "what was asked for failed", ktFailures::present()};
 }
 
 /// See LastWords: a window's unsaved work.
@@ -86,21 +85,13 @@ std::string rescue(const Session& session)
            (rescued.failedModules > 0 ? ", but " + saidOfFailures(rescued.failedModules) : "");
 }
 
-/// The toolkit ends the program itself, and less clearly, when this returns.
-void endWithoutDisplay()
-{
-    const int status =
-        fail(HostError(ExitStatus::NoPicture, "window", "the display went away" + LastWords::rescued()));
-    std::fflush(stdout);
-    std::_Exit(status);
-}
-
 /// What Qt has to say is for the log; what it cannot go on from ends the program in one line.
 void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
     const bool isGuiThread = !qApp || QThread::currentThread() == qApp->thread();
-    if (isGuiThread && text.contains(QLatin1String(" connection broke"))) // X11's or Wayland's
-        endWithoutDisplay();
+    // X11's or Wayland's; the toolkit ends the program itself, and less clearly, when this returns.
+    if (isGuiThread && text.contains(QLatin1String(" connection broke")))
+        LastWords::end(HostError(ExitStatus::NoPicture, "window", "the display went away"));
     if (type != QtFatalMsg) {
         const auto log = [text] { ktLog::info("%s", qUtf8Printable(text)); };
         if (isGuiThread)
@@ -109,8 +100,7 @@ void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& t
             QMetaObject::invokeMethod(qApp, log, Qt::QueuedConnection);
         return;
     }
-    std::fprintf(stderr, "kthost: window: %s\n", qUtf8Printable(text.simplified()));
-    std::_Exit(static_cast<int>(ExitStatus::NoPicture));
+    LastWords::end(HostError(ExitStatus::NoPicture, "window", text.simplified().toStdString()));
 }
 
 /// The platform's screens, and the fonts that are read here, are kept until the end on purpose.
@@ -189,6 +179,18 @@ void addScriptConsole(MainWindow& window, Scripting& scripting)
 void addScriptConsole(MainWindow&, Scripting&) {}
 #endif
 
+/// Calls `use`, which answers the status to end with. An exception that it expected itself as little as
+/// anybody ends the program here, where there still is something to rescue.
+template <class Use>
+int untilTheEnd(Use&& use)
+{
+    try {
+        return leaving(use());
+    } catch (...) {
+        LastWords::end(unexpected());
+    }
+}
+
 int runInWindow(const CommandLine& line, const HostLog& log)
 {
     SceneGuard guard(guardProgram(), ReadLimits::fromEnvironment());
@@ -205,35 +207,35 @@ int runInWindow(const CommandLine& line, const HostLog& log)
     Scripting scripting(session, runner, &clock);
     QObject::connect(&clock, &LiveClock::ticked, &window, &MainWindow::showTime);
     std::optional<SignalledEnd> onSignals;
-    int status = 0;
-    try {
-        addScriptConsole(window, scripting); // before plug-ins, whose panels are what is in front
-        loadPlugins(plugins, line);
-        window.arrange();
-        window.appear();
-        if (!line.file.isEmpty())
-            window.openFirst(line.file);
-        onSignals.emplace(); // until there is something open, the end by a signal need not wait for anything
-        runner.run(line.actions);
-    } catch (const ScriptExit& exit) {
-        return leaving(exit.status);
-    } catch (const HostError& error) {
-        status = fail(error);
-        if (error.status() == ExitStatus::NoPlugin || !window.isVisible())
-            return leaving(status);
-        window.showError(QString::fromStdString(error.what()));
-    } catch (...) {
-        return leaving(failByException()); // here, where there is something to rescue
-    }
-    if (!onSignals)
-        onSignals.emplace();
-    if (!window.isVisible()) // it was closed meanwhile
-        return leaving(status);
-    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &clock,
-                     [&session] { session.frames().announceSceneChange(); });
-    clock.start();
-    const int asked = QApplication::exec();
-    return leaving(asked == 0 ? status : asked);
+    return untilTheEnd([&] {
+        int status = 0;
+        try {
+            addScriptConsole(window, scripting); // before plug-ins, whose panels are what is in front
+            loadPlugins(plugins, line);
+            window.arrange();
+            window.appear();
+            if (!line.file.isEmpty())
+                window.openFirst(line.file);
+            onSignals.emplace(); // until something is open, the end by a signal need not wait for anything
+            runner.run(line.actions);
+        } catch (const ScriptExit& exit) {
+            return exit.status;
+        } catch (const HostError& error) {
+            status = fail(error);
+            if (error.status() == ExitStatus::NoPlugin || !window.isVisible())
+                return status;
+            window.showError(QString::fromStdString(error.what()));
+        }
+        if (!onSignals)
+            onSignals.emplace();
+        if (!window.isVisible()) // it was closed meanwhile
+            return status;
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                         &clock, [&session] { session.frames().announceSceneChange(); });
+        clock.start();
+        const int asked = QApplication::exec();
+        return asked == 0 ? status : asked;
+    });
 }
 
 int run(const CommandLine& line)
@@ -242,7 +244,7 @@ int run(const CommandLine& line)
     try {
         return line.isHeadless ? runHeadless(line) : runInWindow(line, log);
     } catch (...) {
-        return failByException();
+        return fail(unexpected());
     }
 }
 

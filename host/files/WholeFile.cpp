@@ -42,6 +42,11 @@ bool writeAll(QIODevice& device, const QByteArray& bytes)
 
 } // namespace
 
+bool WholeFile::isOnDisk(int descriptor)
+{
+    return ::fsync(descriptor) == 0 || errno == EINVAL;
+}
+
 QString WholeFile::write(const QString& file, const QByteArray& bytes)
 {
     const QFileInfo present(file);
@@ -55,8 +60,7 @@ QString WholeFile::write(const QString& file, const QByteArray& bytes)
     // Unbuffered: a commit puts the new file into place whether or not its last buffer could be written.
     if (!next.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(next, bytes))
         return next.errorString();
-    // Some disks tell only now that they are full, and a commit does not pass that on either.
-    if (::fsync(next.handle()) != 0 && errno != EINVAL)
+    if (!isOnDisk(next.handle())) // which a commit does not pass on either
         return QString::fromLocal8Bit(std::strerror(errno));
     if (!next.commit())
         return next.errorString();

@@ -1,15 +1,14 @@
 #include "host/files/WholeSettings.h"
 
+#include "host/files/EndSignals.h"
+#include "host/files/WholeFile.h"
+
 #include <QDataStream>
 #include <QFileDevice>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSettings>
-
-#include <unistd.h>
-
-#include <cerrno>
 
 namespace kthost
 {
@@ -87,8 +86,7 @@ bool write(QIODevice& device, const QSettings::SettingsMap& map)
         object.insert(entry.key(), toJson(entry.value()));
     const QByteArray bytes = QJsonDocument(object).toJson();
     auto* file = qobject_cast<QFileDevice*>(&device);
-    return file && file->write(bytes) == bytes.size() && file->flush() &&
-           (::fsync(file->handle()) == 0 || errno == EINVAL);
+    return file && file->write(bytes) == bytes.size() && file->flush() && WholeFile::isOnDisk(file->handle());
 }
 
 } // namespace
@@ -97,6 +95,17 @@ void WholeSettings::use()
 {
     static const QSettings::Format format = QSettings::registerFormat(QStringLiteral("json"), read, write);
     QSettings::setDefaultFormat(format);
+}
+
+void WholeSettings::set(const QString& key, const QVariant& value)
+{
+    const EndSignals::Hold untilTheyAreWhole;
+    QSettings settings;
+    if (value.isValid())
+        settings.setValue(key, value);
+    else
+        settings.remove(key);
+    settings.sync();
 }
 
 } // namespace kthost

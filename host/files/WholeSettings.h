@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QString>
+#include <QVariant>
+
 namespace kthost
 {
 
@@ -13,6 +16,10 @@ public:
     /// cannot be read counts as an empty one. Texts, lists of texts and truth values stand in it as JSON has
     /// them, byte arrays in base64, all else in base64 of how the toolkit streams it. Main thread.
     static void use();
+
+    /// Sets a value, or removes it where that is invalid, and writes it at once; signals wait, see
+    /// EndSignals.
+    static void set(const QString& key, const QVariant& value);
 };
 
 } // namespace kthost

@@ -45,8 +45,7 @@ rlimit limitOf(__rlimit_resource_t what)
 /// drawing goes as deep again.
 rlim_t safeStack()
 {
-    constexpr rlim_t usual =
-        8U << 20U; // where there is no limit, though the host's stack may not grow for ever
+    constexpr rlim_t usual = 8U << 20U; // without a limit the stack ends where something else begins
     const rlim_t ofHost = limitOf(RLIMIT_STACK).rlim_cur;
     return (ofHost == RLIM_INFINITY ? usual : ofHost) / 2;
 }

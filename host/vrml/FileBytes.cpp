@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -76,11 +77,14 @@ std::optional<std::string> unpackMembers(const std::string& packed, std::string&
     const std::unique_ptr<z_stream, int (*)(z_stream*)> end(&stream, inflateEnd);
     // zlib takes the input as not const, and does not write to it.
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
-    stream.avail_in = static_cast<uInt>(packed.size());
 
     std::string result;
     std::string chunk(chunkSize, '\0');
     for (;;) {
+        // It counts less far than there may be bytes.
+        const char* const next = reinterpret_cast<const char*>(stream.next_in);
+        const auto left = static_cast<std::size_t>(packed.data() + packed.size() - next);
+        stream.avail_in = static_cast<uInt>(std::min<std::size_t>(left, std::numeric_limits<uInt>::max()));
         stream.next_out = reinterpret_cast<Bytef*>(&chunk[0]);
         stream.avail_out = static_cast<uInt>(chunkSize);
         const int status = inflate(&stream, Z_NO_FLUSH);

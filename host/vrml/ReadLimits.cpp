@@ -1,5 +1,6 @@
 #include "host/vrml/ReadLimits.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -32,10 +33,10 @@ bool take(std::string_view text, Number& limit)
 {
     const char* const end = text.data() + text.size();
     double value = 0.0;
-    constexpr double largest = 1e9;
     const auto [rest, problem] = std::from_chars(text.data(), end, value);
-    if (problem != std::errc() || rest != end || !(value > 0.0) || value > largest)
+    if (problem != std::errc() || rest != end || !(value > 0.0))
         return false;
+    value = std::min(value, ReadLimits::most);
     limit = static_cast<Number>(std::is_integral_v<Number> ? std::ceil(value) : value);
     return true;
 }

@@ -12,8 +12,9 @@ namespace kthost
 struct ReadLimits
 {
     std::size_t brackets = 1000; ///< Open inside each other in one file.
-    std::size_t wordBytes =
-        4096; ///< Of a keyword, a number or a field's name; node names may be of any length.
+
+    /// Of a keyword, a number or a field's name; node names may be of any length.
+    std::size_t wordBytes = 4096;
     std::size_t sceneDepth = 3000;      ///< Nodes inside each other in the whole scene.
     std::size_t drawnNodes = 10000000;  ///< In a picture of the scene, each as often as it is used.
     double seconds = 20.0;              ///< Of a processor that the check of a file may take.
@@ -24,6 +25,9 @@ struct ReadLimits
 
     /// Seconds of the clock that the check of a file may take: it may have to wait for its processor.
     double clockSeconds() const { return 5.0 * seconds + 1.0; }
+
+    /// The most that any of them takes from a text; more is taken for so much.
+    static constexpr double most = 1e9;
 
     /// These, but for those that the environment gives otherwise: KTHOST_READ_BRACKETS,
     /// KTHOST_READ_WORD_BYTES, KTHOST_READ_DEPTH, KTHOST_READ_DRAWN, KTHOST_READ_SECONDS,

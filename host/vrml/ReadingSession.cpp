@@ -1,7 +1,6 @@
 #include "host/vrml/ReadingSession.h"
 
 #include "host/vrml/DefLexer.h"
-#include "host/vrml/FileBytes.h"
 #include "host/vrml/NodeKinds.h"
 #include "host/vrml/ReportingInput.h"
 #include "host/vrml/SceneGuard.h"
@@ -92,6 +91,7 @@ std::string identity(const std::string& path)
 ReadingSession::ReadingSession(SceneReading& result, ReadingManner manner)
     : _result(result),
       _manner(std::move(manner)),
+      _checked(_manner.guard, _manner.limits, _manner.follower.found),
       _messages([this](ReaderMessage message) { receive(std::move(message)); })
 {
     SoVRMLInline::setFetchURLCallBack(fetchInline, this);
@@ -109,16 +109,19 @@ CoinRef<SoVRMLGroup> ReadingSession::read(const std::string& path, const std::st
 {
     error.clear();
     SceneGuard* const guard = _manner.guard;
+    const std::string whole = absolute(path); // as the guard's process has it, too
     if (guard)
-        guard->check(absolute(path));
-    CoinRef<SoVRMLGroup> root = readFile(path, name, error);
-    if (!guard || (root && _isFollowing && guard->letsPass(SceneGuard::end - 1)))
+        guard->check(whole);
+    CoinRef<SoVRMLGroup> root = readFile(whole, name, error);
+    if (!guard)
+        return root;
+    if (root && _isFollowing && _checked.change().empty() && guard->letsPass(SceneGuard::end - 1))
         return root;
     // What the text itself has against it says more, with its line.
-    const std::string verdict = _hasText || _isStopped ? guard->verdict() : std::string();
-    if (verdict.empty() && _change.empty())
+    const std::string verdict = _hasText || _checked.isStopped() ? guard->verdict() : std::string();
+    if (verdict.empty() && _checked.change().empty())
         return root;
-    error = name + ": " + (verdict.empty() ? _change : verdict);
+    error = name + ": " + (verdict.empty() ? _checked.change() : verdict);
     return {};
 }
 
@@ -138,7 +141,7 @@ CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std
         reason = "the file refers to itself";
         ++_circles;
     } else {
-        bytes = bytesOf(path, file, reason);
+        bytes = _checked.read(path, name, reason);
     }
     if (bytes && bytes->empty())
         reason = "the file is empty";
@@ -150,55 +153,6 @@ CoinRef<SoVRMLGroup> ReadingSession::readFile(const std::string& path, const std
     if (!error.empty())
         return {};
     return parse(*bytes, std::move(file), error);
-}
-
-std::optional<std::string> ReadingSession::bytesOf(const std::string& path, const OpenFile& file,
-                                                   std::string& error)
-{
-    const FileRoom room{_manner.limits.fileMegabytes, [this](std::size_t bytes) { return mayHold(bytes); }};
-    std::optional<std::string> bytes = FileBytes::read(path, error, room);
-    if (!isAsChecked(FoundFile::of(file.path, bytes), file.name, error))
-        return std::nullopt;
-    return bytes ? FileBytes::unpack(*std::move(bytes), error, room) : std::nullopt;
-}
-
-bool ReadingSession::isAsChecked(const FoundFile& found, const std::string& name, std::string& error)
-{
-    if (_manner.follower.found)
-        _manner.follower.found(found);
-    if (!_manner.guard)
-        return true;
-    const SceneGuard::Found checked = _manner.guard->found(found);
-    if (checked == SceneGuard::Found::Same)
-        return true;
-    _isStopped = true;
-    _isFollowing = false;
-    error =
-        checked == SceneGuard::Found::Other ? "it changed while it was read" : "its check did not read it";
-    if (checked == SceneGuard::Found::Other)
-        _change = _files.empty() ? error : name + " changed while it was read";
-    return false;
-}
-
-LocalUrl ReadingSession::resolve(const std::string& url)
-{
-    const std::string folder = _files.empty() ? std::string() : _files.back().folder;
-    LocalUrl file = LocalUrl::resolve(url, folder);
-    const bool isThere = !file.path.empty();
-    const FoundFile found =
-        FoundFile::of(folder + '\n' + url, isThere ? std::optional<std::string>(file.path) : std::nullopt);
-    if (!isAsChecked(found, url, file.problem))
-        file.path.clear();
-    return file;
-}
-
-bool ReadingSession::mayHold(std::size_t bytes)
-{
-    // What is made of a file's text takes several times its size.
-    constexpr std::size_t part = 16;
-    _isStopped = _isStopped || (_manner.guard && bytes > (_manner.limits.megabytes << 20U) / part &&
-                                !_manner.guard->verdict().empty());
-    return !_isStopped;
 }
 
 bool ReadingSession::isOpen(const std::string& path) const
@@ -215,7 +169,10 @@ CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile fi
     const std::size_t size = text.size();
     CoinRef<SoVRMLGroup> root = error.empty() ? readText(std::move(text), error) : CoinRef<SoVRMLGroup>();
     // It may be the numbers that are wrong, which the guard's process leaves out: the places part here.
-    _isFollowing = _isFollowing && root;
+    if (!root) {
+        _isFollowing = false;
+        _checked.leaveOrder();
+    }
     closeFile(size);
     if (_files.empty() && _isFollowing && _manner.follower.passed)
         _manner.follower.passed(SceneGuard::end);
@@ -280,7 +237,7 @@ bool ReadingSession::passes(std::size_t position)
         _manner.follower.passed(file.place());
     if (!_manner.guard)
         return true;
-    if (!_change.empty())
+    if (!_checked.change().empty())
         return false;
     return _isFollowing ? _manner.guard->letsPass(file.place()) : _manner.guard->verdict().empty();
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "host/vrml/LocalUrl.h"
+#include "host/vrml/CheckedFiles.h"
 #include "host/vrml/ReaderMessages.h"
 #include "host/vrml/SceneReader.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -71,19 +70,6 @@ private:
 
     CoinRef<SoVRMLGroup> readFile(const std::string& path, const std::string& name, std::string& error);
     CoinRef<SoVRMLGroup> parse(const std::string& bytes, OpenFile file, std::string& error);
-
-    /// The bytes of a file, if they are those that the guard's process has read.
-    std::optional<std::string> bytesOf(const std::string& path, const OpenFile& file, std::string& error);
-
-    /// False where the guard's process has found something else under this name; `error` then says so.
-    bool isAsChecked(const FoundFile& found, const std::string& name, std::string& error);
-
-    /// Whether the guard lets this process hold so many bytes of a file.
-    bool mayHold(std::size_t bytes);
-
-    /// The file that a URL of the file opened last means, if it is the one that the guard's process has
-    /// found.
-    LocalUrl resolve(const std::string& url);
     bool isOpen(const std::string& path) const;
     CoinRef<SoVRMLGroup> readLibrary(const std::string& path, std::string& error);
     SoProto* findPrototype(const std::string& url, std::string& error);
@@ -111,9 +97,8 @@ private:
 
     SceneReading& _result;
     ReadingManner _manner;
+    CheckedFiles _checked;
     bool _hasText = false;    ///< The library was to get the first file.
-    bool _isStopped = false;  ///< The guard kept bytes from this process.
-    std::string _change;      ///< What is not as the guard's process has read it.
     bool _isFollowing = true; ///< The guard's process can be followed, as far as is known.
     std::size_t _height = 0;  ///< Of all scenes so far, on top of each other.
     std::size_t _percent = 0; ///< Of the first file's text, as was reported.

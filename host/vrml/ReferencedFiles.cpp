@@ -32,7 +32,8 @@ void ReadingSession::fetchInline(const SbString& /*fullUrl*/, void* closure, SoV
         return;
     std::string problem;
     for (int i = 0; i < node->url.getNum(); ++i) {
-        const LocalUrl file = session.resolve(node->url[i].getString());
+        const LocalUrl file =
+            session._checked.resolve(node->url[i].getString(), session._files.back().folder);
         std::string error = file.problem;
         if (!file.path.empty()) {
             const CoinRef<SoVRMLGroup> scene = session.readFile(file.path, fileName(file.path), error);
@@ -78,7 +79,7 @@ SoProto* ReadingSession::findPrototype(const std::vector<std::string>& urls, std
 
 SoProto* ReadingSession::findPrototype(const std::string& url, std::string& error)
 {
-    const LocalUrl file = resolve(url);
+    const LocalUrl file = _checked.resolve(url, _files.empty() ? std::string() : _files.back().folder);
     error = file.problem;
     const CoinRef<SoVRMLGroup> library =
         file.path.empty() ? CoinRef<SoVRMLGroup>() : readLibrary(file.path, error);

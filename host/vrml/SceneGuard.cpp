@@ -178,23 +178,31 @@ void SceneGuard::take(const std::string& packet)
         return;
     }
     FoundFile file;
-    if (words >> file.path >> file.bytes && !hasFound(file))
-        _found.emplace(file.path, file.bytes);
+    if (words >> file.path >> file.bytes)
+        _found.push_back(file);
 }
 
-bool SceneGuard::hasFound(const FoundFile& file) const
+SceneGuard::Found SceneGuard::found(std::size_t look, const FoundFile& file)
 {
-    const auto [first, last] = _found.equal_range(file.path);
-    return std::any_of(first, last, [&](const auto& known) { return known.second == file.bytes; });
+    while (_isChecking && _found.size() <= look)
+        receive();
+    if (_found.size() <= look || _found[look].path != file.path)
+        return Found::Nothing;
+    if (_found[look].bytes == file.bytes)
+        return Found::Same;
+    return _found[look].bytes == 0 ? Found::Nothing : Found::Other;
 }
 
 SceneGuard::Found SceneGuard::found(const FoundFile& file)
 {
-    while (_isChecking && !hasFound(file))
-        receive();
-    if (hasFound(file))
-        return Found::Same;
-    return _found.count(file.path) > 0 ? Found::Other : Found::Nothing;
+    Found best = Found::Nothing;
+    for (std::size_t look = 0; best != Found::Same; ++look) {
+        const Found there = found(look, file);
+        if (_found.size() <= look)
+            break;
+        best = there == Found::Nothing ? best : there;
+    }
+    return best;
 }
 
 bool SceneGuard::letsPass(std::uint64_t place)

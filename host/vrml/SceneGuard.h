@@ -5,10 +5,11 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kthost
 {
@@ -41,7 +42,12 @@ public:
     /// What the check found where it looked for a file.
     enum class Found { Same, Other, Nothing };
 
-    /// Waits until the check has found the same, or is over. `Nothing` where it has not looked for the file.
+    /// Waits until the check has looked so often for a file, from 0, or is over. `Nothing` where it did not
+    /// look so often, or for another file, or there was none.
+    Found found(std::size_t look, const FoundFile& file);
+
+    /// Waits until the check has found the same at any time, or is over. `Nothing` where it never
+    /// found the file.
     Found found(const FoundFile& file);
 
     /// Waits until the check is beyond this place, counted as ReadingSession does, or over. False where the
@@ -63,8 +69,6 @@ private:
     void stop();
     bool send(const std::string& packet) const;
 
-    bool hasFound(const FoundFile& file) const;
-
     /// Waits for the program to say something.
     void receive();
     void take(const std::string& packet);
@@ -76,9 +80,9 @@ private:
     std::uint64_t _number = 0; ///< Of the last file.
     std::uint64_t _passed = 0; ///< Of this file, when it was looked at last.
     bool _isChecking = false;
-    std::string _verdict;                               ///< On the last file.
-    std::string _problem;                               ///< Why the program does not run.
-    std::multimap<std::uint64_t, std::uint64_t> _found; ///< By this check: the numbers of FoundFile.
+    std::string _verdict;          ///< On the last file.
+    std::string _problem;          ///< Why the program does not run.
+    std::vector<FoundFile> _found; ///< By this check, in order.
     std::unique_ptr<CheckProgress> _progress;
 };
 

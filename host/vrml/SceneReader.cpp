@@ -14,7 +14,7 @@ SceneReading SceneReader::read(const std::string& path, const ReadingProgress& p
 {
     CoinLibrary::init();
     const ReadLimits limits = guard ? guard->limits() : ReadLimits();
-    TextureImages::setLimit(limits.imagePixels);
+    TextureImages::setLimits(limits);
     SceneReading result;
     {
         ReadingSession session(result, {progress, guard, limits, {}, false});

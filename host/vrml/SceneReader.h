@@ -25,8 +25,9 @@ struct SceneReading
     CoinRef<SoVRMLGroup> root; ///< The reader's scene; null where the file was refused.
     NodeNames names;           ///< The node names, which the reader's nodes have stand-ins for.
     SceneWarnings warnings;
-    std::string
-        error; ///< One line with the file, the line and the reader's words; empty where the file was read.
+
+    /// One line with the file, the line and the reader's words; empty where the file was read.
+    std::string error;
 
     explicit operator bool() const { return static_cast<bool>(root); }
 };

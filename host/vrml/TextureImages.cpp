@@ -25,13 +25,14 @@ namespace
 
 constexpr int largestSide = 16384;
 
-std::size_t mostPixels = ReadLimits().imagePixels;
+ReadLimits present;
 
 bool isTooLarge(const QSize& size)
 {
     return size.width() > largestSide || size.height() > largestSide ||
            (!size.isEmpty() &&
-            static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) > mostPixels);
+            static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) >
+                present.imagePixels);
 }
 
 std::string& folder()
@@ -109,9 +110,9 @@ void TextureImages::install()
     SoVRMLImageTexture::setImageDataMaxAge(std::numeric_limits<std::uint32_t>::max());
 }
 
-void TextureImages::setLimit(std::size_t pixels)
+void TextureImages::setLimits(const ReadLimits& limits)
 {
-    mostPixels = pixels;
+    present = limits;
 }
 
 void TextureImages::leaveOut()
@@ -127,7 +128,7 @@ std::string TextureImages::setFolder(std::string path)
 bool TextureImages::read(const std::string& path, SbImage& image)
 {
     std::string ignored;
-    std::optional<std::string> bytes = FileBytes::read(path, ignored);
+    std::optional<std::string> bytes = FileBytes::read(path, ignored, {present.fileMegabytes, {}});
     if (!bytes || bytes->size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return false;
     QImage picture = decode(*bytes);

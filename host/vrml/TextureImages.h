@@ -1,12 +1,13 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 
 class SbImage;
 
 namespace kthost
 {
+
+struct ReadLimits;
 
 /// Texture images, decoded by Qt: the formats that its installed image plug-ins know, PNG and JPEG among
 /// them.
@@ -22,8 +23,8 @@ public:
     /// Where relative URLs are looked up from now on, and the folder they were looked up in so far.
     static std::string setFolder(std::string folder);
 
-    /// Images of more pixels are left out from now on.
-    static void setLimit(std::size_t pixels);
+    /// Files of more bytes and images of more pixels are left out from now on.
+    static void setLimits(const ReadLimits& limits);
 
     /// Reads an image file of the local file system into `image`, with as many components a pixel as it
     /// needs. False where it is missing, no image, larger than the limit, or than 16384 pixels a side, which

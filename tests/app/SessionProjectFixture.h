@@ -17,7 +17,9 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <stdexcept>
+#include <utility>
 
 namespace kt::test
 {
@@ -42,6 +44,8 @@ public:
         bool isLoading = false;
         ASSERT_TRUE(project.get<bool>("_loading", isLoading));
         told << (isLoading ? "load" : "save");
+        if (whenAsked)
+            std::exchange(whenAsked, nullptr)();
         if (fails)
             throw std::runtime_error("no luck");
         if (isLoading)
@@ -52,7 +56,8 @@ public:
 
     QStringList told;
     std::string setting;
-    bool fails = false; ///< At whatever it is asked about the project.
+    bool fails = false;              ///< At whatever it is asked about the project.
+    std::function<void()> whenAsked; ///< Called when it is asked about the project next, once.
 };
 
 /// A session with such a module, and a folder with the scene door.wrl.

@@ -107,6 +107,8 @@ TEST_F(PluginLoaderTest, RefusesAnotherVersionNamingBoth)
 {
     expectRefusal(badPlugin("otherVersion"), "'9.7'");
     expectRefusal(badPlugin("otherVersion"), "'10.0'");
+    EXPECT_TRUE(ktModuleBase::modules().empty());
+    EXPECT_EQ(ktController::countCallbacks(), 0);
 }
 
 TEST_F(PluginLoaderTest, RefusesALibraryWithoutAnEntryPoint)

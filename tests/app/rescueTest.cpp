@@ -1,5 +1,6 @@
 // What becomes of unsaved changes when the program must end, and where they go.
 #include "host/app/LastWords.h"
+#include "host/app/RescueFile.h"
 #include "tests/app/SessionProjectFixture.h"
 
 #include <QStandardPaths>
@@ -126,6 +127,68 @@ TEST_F(RescueTest, ThatFindsNoPlaceAtAllSaysWhyNotBesideTheScene)
         EXPECT_EQ(error.what(),
                   path("sub/door.rescued.ktproj").toStdString() + ": No such file or directory");
     }
+}
+
+TEST_F(RescueTest, WorksInTheMiddleOfASaveAndOfALoad)
+{
+    session.open(path("door.wrl"));
+    session.save(path("p.ktproj"));
+    module.setting = "edited";
+    QStringList rescued;
+    const auto rescue = [&] { rescued << session.rescue().file; };
+
+    module.whenAsked = rescue;
+    EXPECT_THROW(session.save(path("none/q.ktproj")), HostError);
+    const auto loading = QObject::connect(&session, &Session::reading, [&] { module.whenAsked = nullptr; });
+    QObject::connect(&session, &Session::opening, [&](OpenStep step) {
+        if (step == OpenStep::Building || step == OpenStep::Ended)
+            rescue();
+    });
+    session.open(path("door.wrl"));
+    QObject::disconnect(loading);
+
+    EXPECT_EQ(rescued, (QStringList{path("p.rescued.ktproj"), path("p.rescued-2.ktproj"), ""}));
+}
+
+TEST_F(RescueTest, LeavesAloneWhatIsNotAllThere)
+{
+    putProject("p.ktproj", "of the project");
+    session.open(path("door.wrl"));
+    module.setting = "before";
+    QString rescued = QStringLiteral("not asked");
+    module.whenAsked = [&] { rescued = session.rescue().file; };
+    session.open(path("p.ktproj"));
+
+    EXPECT_EQ(rescued, "");
+}
+
+TEST_F(RescueTest, HasNothingToDoOnceTheSessionIsLetGo)
+{
+    session.open(path("door.wrl"));
+    session.save(path("p.ktproj"));
+    module.setting = "edited";
+    session.letGo();
+
+    EXPECT_EQ(session.rescue().file, "");
+}
+
+TEST_F(RescueTest, TwoAtATimeDoNotTakeTheSameName)
+{
+    QString inner;
+    const QString outer = RescueFile::write(path("door.wrl"), [&](const QString& file) {
+        if (inner.isEmpty())
+            inner = RescueFile::write(path("door.wrl"), [](const QString&) {});
+        EXPECT_EQ(file, path("door.rescued.ktproj"));
+    });
+    EXPECT_EQ(outer, path("door.rescued.ktproj"));
+    EXPECT_EQ(inner, path("door.rescued-2.ktproj"));
+}
+
+TEST_F(RescueTest, ThatFailsLeavesNoFile)
+{
+    const auto fail = [](const QString&) { throw HostError(ExitStatus::BadFile, "no luck"); };
+    EXPECT_THROW(RescueFile::write(path("door.wrl"), fail), HostError);
+    EXPECT_EQ(QDir(folder.path()).entryList({"*.ktproj"}, QDir::Files), QStringList());
 }
 
 TEST_F(RescueTest, SaysHowManyModulesFail)

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -137,6 +138,26 @@ TEST_F(WildScene, AFileThatIsTooLarge)
                   QStringLiteral(": it is larger than 3 megabytes"));
 }
 
+TEST_F(WildScene, ReferencesOfAFileWithARelativePath)
+{
+    write("EXTERNPROTO P [] \"library.wrl#P\" P {} Inline { url \"part.wrl\" }");
+    for (const auto& [name, text] : {std::pair{"part.wrl", "DEF A TimeSensor {}"},
+                                     {"library.wrl", "PROTO P [] { DEF B TimeSensor {} }"}}) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray("#VRML V2.0 utf8\n") + text);
+    }
+    const QString name = QDir(folder.path()).dirName();
+    for (const auto& [place, path] : {std::pair{folder.path(), QStringLiteral("wild.wrl")},
+                                      {folder.filePath(".."), name + QStringLiteral("/wild.wrl")}}) {
+        kt::test::HostProcess host({"--headless", path, "--list"});
+        host.setWorkingDirectory(place);
+        host.run();
+        EXPECT_EQ(host.result().output, list(folder.filePath("wild.wrl")).output);
+    }
+    EXPECT_TRUE(list(folder.filePath("wild.wrl")).output.contains("A\n"));
+}
+
 TEST_F(WildScene, ThatOnlyTheHostCanOpen)
 {
     kt::test::HostProcess host({"--headless", "/dev/stdin", "--list"});
@@ -145,7 +166,7 @@ TEST_F(WildScene, ThatOnlyTheHostCanOpen)
     const HostRun run = host.result();
 
     EXPECT_EQ(run.status, 3);
-    EXPECT_EQ(run.errors, "kthost: /dev/stdin: its check did not read it\n");
+    EXPECT_EQ(run.errors, "kthost: /dev/stdin: its check found nothing there\n");
 }
 
 TEST_F(WildScene, FilesThatReferToEachOtherManyTimesAreNotReadAfterTheRefusal)

@@ -231,6 +231,14 @@ TEST_F(WindowFault, AnExceptionThatEndsItLeavesWhatIsNotSavedInAProjectOfItsOwn)
         kt::test::runHost(wordsOfAnEdit({"--send", "faultLog=x"}), settingsIn(folder.filePath("settings")));
     EXPECT_EQ(unexpected.status, 70);
     expectRescuedBeside(unexpected, "what was asked for failed: no log");
+    ASSERT_TRUE(QFile::remove(folder.filePath("door.rescued.ktproj")));
+
+    // The toolkit's event loop may let it out, or end the program there.
+    const HostRun later = kt::test::runHost(wordsOfAnEdit({"--send", "faultLogLater=x"}),
+                                            settingsIn(folder.filePath("settings")));
+    EXPECT_EQ(later.status, 70);
+    EXPECT_TRUE(later.errors.contains(": no log; what was not saved is in ")) << later.errors.toStdString();
+    expectRescued(folder.filePath("door.rescued.ktproj"));
 }
 
 TEST_F(WindowFault, ARescueThatFailsInItsTurnDoesNotKeepItFromItsEnd)

@@ -139,15 +139,26 @@ TEST_F(FollowedReadingTest, TheGuardKnowsWhatTheCheckFound)
     const std::string part = folder.writeScene("part.wrl", "Group {}");
     SceneGuard guard(KT_SCENE_CHECK, {});
     guard.check(scene);
-    std::string error;
-    for (const std::string& file : {scene, part}) {
-        EXPECT_EQ(guard.found(FoundFile::of(file, FileBytes::read(file, error))), SceneGuard::Found::Same);
-        EXPECT_EQ(guard.found(FoundFile::of(file, "other bytes")), SceneGuard::Found::Other);
-        EXPECT_EQ(guard.found(FoundFile::of(file, std::nullopt)), SceneGuard::Found::Other);
+    using Found = SceneGuard::Found;
+    const auto inFile = [](const std::string& file) {
+        std::string error;
+        return FoundFile::of(file, FileBytes::read(file, error));
+    };
+    // In between it looks for what the URL means.
+    for (const auto& [look, file] : {std::pair{0U, scene}, {2U, part}}) {
+        EXPECT_EQ(guard.found(look, inFile(file)), Found::Same);
+        EXPECT_EQ(guard.found(inFile(file)), Found::Same);
+        EXPECT_EQ(guard.found(look, FoundFile::of(file, "other bytes")), Found::Other);
+        EXPECT_EQ(guard.found(FoundFile::of(file, "other bytes")), Found::Other);
+        EXPECT_EQ(guard.found(look, FoundFile::of(file, std::nullopt)), Found::Other);
+        EXPECT_EQ(guard.found(2U - look, inFile(file)), Found::Nothing);
+        EXPECT_EQ(guard.found(3U, inFile(file)), Found::Nothing);
     }
-    EXPECT_EQ(guard.found(FoundFile::of(folder.path("none"), "")), SceneGuard::Found::Nothing);
-    guard.check(part);
-    EXPECT_EQ(guard.found(FoundFile::of(scene, FileBytes::read(scene, error))), SceneGuard::Found::Nothing);
+    EXPECT_EQ(guard.found(FoundFile::of(folder.path("none"), "")), Found::Nothing);
+    guard.check(folder.path("none"));
+    EXPECT_EQ(guard.found(inFile(scene)), Found::Nothing);
+    EXPECT_EQ(guard.found(0U, inFile(folder.path("none"))), Found::Same) << "none";
+    EXPECT_EQ(guard.found(0U, FoundFile::of(folder.path("none"), "Group {}")), Found::Nothing);
 }
 
 TEST_F(FollowedReadingTest, ASceneWhoseEndIsNotSurvivedIsRefusedAndStays)

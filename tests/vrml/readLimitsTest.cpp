@@ -46,6 +46,7 @@ TEST_F(ReadLimitsTest, EachIsTakenFromItsVariable)
         EXPECT_NE(ReadLimits().*member, 17U) << variable;
         EXPECT_EQ(with(variable, "17").*member, 17U) << variable;
         EXPECT_EQ(with(variable, "16.5").*member, 17U) << variable;
+        EXPECT_EQ(with(variable, "2000000000").*member, 1000000000U) << variable;
     }
     EXPECT_EQ(with("KTHOST_READ_SECONDS", "0.5").seconds, 0.5);
     EXPECT_EQ(ReadLimits::fromEnvironment().clockSeconds(), 3.5);
@@ -53,7 +54,7 @@ TEST_F(ReadLimitsTest, EachIsTakenFromItsVariable)
 
 TEST_F(ReadLimitsTest, WhatIsNoNumberAboveZeroIsIgnored)
 {
-    for (const char* text : {"", "x", "0", "-1", "1x", " 1", "nan", "inf", "1e10", "0,5"}) {
+    for (const char* text : {"", "x", "0", "-1", "1x", " 1", "nan", "0,5"}) {
         EXPECT_EQ(with("KTHOST_READ_SECONDS", text).seconds, ReadLimits().seconds) << text;
         EXPECT_EQ(with("KTHOST_READ_FILES", text).files, ReadLimits().files) << text;
     }

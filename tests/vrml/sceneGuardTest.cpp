@@ -1,25 +1,15 @@
 // The process that reads scene files first, as built.
 #include "host/vrml/SceneGuard.h"
 
-#include "host/vrml/CheckedReading.h"
-#include "host/vrml/CoinLibrary.h"
 #include "host/vrml/SceneReader.h"
-#include "tests/vrml/Gzip.h"
 #include "tests/vrml/SceneFiles.h"
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <thread>
-#include <utility>
 
 namespace kthost
 {
@@ -100,85 +90,6 @@ TEST_F(SceneGuardTest, NoTimeIsALimitToo)
     limits.seconds = 1e-9;
     EXPECT_EQ(verdict(folder.writeScene("long.wrl", explosion(4)), limits),
               "the reader takes longer than 1e-09 s for it");
-}
-
-/// How a check ends that sleeps in the middle of its work.
-std::string reasonAfterSleep(const std::string& path, const ReadLimits& limits, double seconds)
-{
-    CoinLibrary::init();
-    const pid_t process = fork();
-    if (process == 0) {
-        bool hasSlept = false;
-        const auto sleepOnce = [&](const FoundFile&) {
-            if (!std::exchange(hasSlept, true))
-                std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
-        };
-        CheckedReading::read(path, limits, {[](std::uint64_t) {}, sleepOnce});
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(process, &status, 0);
-    return status == 0 ? std::string() : CheckedReading::reasonOf(status, limits);
-}
-
-TEST_F(SceneGuardTest, WaitingIsNotItsTimeUnlessItDoesNotEnd)
-{
-    const std::string path = folder.writeScene("scene.wrl", "Group {}");
-    ReadLimits limits;
-    limits.seconds = 0.5;
-    EXPECT_EQ(reasonAfterSleep(path, limits, 1.0), "");
-    limits.seconds = 0.1;
-    EXPECT_EQ(reasonAfterSleep(path, limits, 100.0), "its check was not done after 1.5 s");
-}
-
-TEST_F(SceneGuardTest, WhatChangesWhileItIsReadIsRefused)
-{
-    const std::string scene = folder.path("scene.wrl");
-    for (const bool isThere : {true, false}) {
-        for (const bool isThereLater : {true, false}) {
-            folder.writeScene("scene.wrl", std::string(10000, '\n') + "Group {} Group {} Group {}\n" +
-                                               std::string(10000, '\n') + "Inline { url \"part.wrl\" }");
-            const auto write = [&](bool isWritten, const char* text) {
-                std::filesystem::remove(folder.path("part.wrl"));
-                if (isWritten)
-                    folder.writeScene("part.wrl", text);
-            };
-            write(isThere, "Group {}");
-            SceneGuard guard(KT_SCENE_CHECK, {});
-            const auto change = [&](double) {
-                guard.verdict(); // it has read all by then
-                write(isThereLater, "Shape {}");
-            };
-            const SceneReading reading = SceneReader::read(scene, change, &guard);
-            EXPECT_EQ(reading.error, isThere || isThereLater ? scene + ": part.wrl changed while it was read"
-                                                             : std::string())
-                << isThere << isThereLater;
-        }
-    }
-}
-
-TEST_F(SceneGuardTest, NothingLargeIsUnpackedBeforeItsVerdict)
-{
-    ReadLimits limits;
-    limits.seconds = 0.3;
-    limits.megabytes = 160;
-    const std::string member = test::gzip(std::string(1U << 20U, ' '));
-    std::string packed = test::gzip("#VRML V2.0 utf8\n" + explosion(16));
-    for (int i = 0; i < 200; ++i)
-        packed += member;
-    const std::string path = folder.write("scene.wrl", packed);
-    SceneGuard guard(KT_SCENE_CHECK, limits);
-    const auto peak = [] {
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
-        return usage.ru_maxrss; // kilobytes
-    };
-    const long before = peak();
-
-    const std::string error = SceneReader::read(path, {}, &guard).error;
-
-    EXPECT_EQ(error.rfind(path + ": the reader ", 0), 0U) << error;
-    EXPECT_LT(peak() - before, 100 << 10);
 }
 
 TEST_F(SceneGuardTest, ALinkIsCheckedWithTheFilesBesideIt)

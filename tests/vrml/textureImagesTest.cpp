@@ -14,6 +14,7 @@
 #include <QImage>
 #include <QString>
 
+#include <utility>
 #include <vector>
 
 namespace kthost
@@ -77,11 +78,28 @@ TEST_F(TextureImagesTest, KeepsTransparencyAndGrey)
 TEST_F(TextureImagesTest, RefusesMorePixelsThanTheLimit)
 {
     const std::string path = save("a.png", QImage(30, 20, QImage::Format_RGB32));
-    TextureImages::setLimit(599);
+    ReadLimits limits;
+    limits.imagePixels = 599;
+    TextureImages::setLimits(limits);
     EXPECT_FALSE(TextureImages::read(path, image));
-    TextureImages::setLimit(600);
+    limits.imagePixels = 600;
+    TextureImages::setLimits(limits);
     EXPECT_TRUE(TextureImages::read(path, image));
-    TextureImages::setLimit(ReadLimits().imagePixels);
+    TextureImages::setLimits({});
+}
+
+TEST_F(TextureImagesTest, RefusesAFileThatIsLargerThanTheLimit)
+{
+    QImage picture(700, 700, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const std::string path = save("a.bmp", picture); // 1.9 megabytes
+    ReadLimits limits;
+    for (const auto& [megabytes, isRead] : {std::pair{1U, false}, {2U, true}}) {
+        limits.fileMegabytes = megabytes;
+        TextureImages::setLimits(limits);
+        EXPECT_EQ(TextureImages::read(path, image), isRead);
+    }
+    TextureImages::setLimits({});
 }
 
 TEST_F(TextureImagesTest, RefusesWhatIsNoImage)

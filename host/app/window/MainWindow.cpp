@@ -7,6 +7,7 @@
 #include "host/app/window/SceneTree.h"
 #include "host/app/window/SensorInspector.h"
 #include "host/app/window/StatusLine.h"
+#include "host/files/EndSignals.h"
 #include "host/view/RenderView.h"
 
 #include <kt/ktLog.h>
@@ -250,7 +251,10 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    _docks->saveLayout();
+    {
+        const EndSignals::Hold untilItIsWhole;
+        _docks->saveLayout();
+    }
     QMainWindow::closeEvent(event);
 }
 

@@ -1,5 +1,7 @@
 #include "host/app/window/RecentFiles.h"
 
+#include "host/files/WholeSettings.h"
+
 #include <QFileInfo>
 #include <QSettings>
 
@@ -28,12 +30,12 @@ void RecentFiles::add(const QString& file)
     QStringList files = list();
     files.removeAll(path);
     files.prepend(path);
-    QSettings().setValue(key, QStringList(files.mid(0, most)));
+    WholeSettings::set(key, QStringList(files.mid(0, most)));
 }
 
 void RecentFiles::clear()
 {
-    QSettings().remove(key);
+    WholeSettings::set(key, {});
 }
 
 } // namespace kthost

@@ -2,6 +2,7 @@
 
 #include "host/app/HostError.h"
 #include "host/app/Scripting.h"
+#include "host/files/WholeSettings.h"
 #include "host/scripting/Interpreter.h"
 
 #include <QApplication>
@@ -157,7 +158,7 @@ void ScriptConsole::remember(const QString& line)
         _history << line;
         while (_history.size() > mostLines)
             _history.removeFirst();
-        QSettings().setValue(QLatin1String(historyKey), _history);
+        WholeSettings::set(QLatin1String(historyKey), _history);
     }
     _recalled = _history.size();
 }

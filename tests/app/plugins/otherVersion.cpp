@@ -1,5 +1,25 @@
-// A plug-in for another host; its initPlugin() must never be called.
+// A plug-in for another host, which has made a module and registered a callback when it is loaded; its
+// initPlugin() must never be called.
+#include <kt/ktController.h>
+#include <kt/ktModuleBase.h>
+
 #include <cstdlib>
+
+namespace
+{
+
+class Early : public ktModuleBase
+{
+public:
+    Early() : ktModuleBase("Early", "Early", 0x10, nullptr)
+    {
+        ktController::addCB("early", [](ktMessage&) {});
+    }
+};
+
+const auto* const module = new Early; // which nobody destroys
+
+} // namespace
 
 extern "C" {
 

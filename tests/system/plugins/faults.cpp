@@ -4,7 +4,7 @@
 //              what it keeps, a number is the signal that it sends the process
 // --send faultKey=x presses a key, faultCore=x puts a sensor of its own class into the scene, faultDialog=x
 // shows a modal dialog, faultUncaught=x fails where no exception can be caught, and faultLog=x has the host
-// fail where it expects no exception: when it tells of one.
+// fail where it expects no exception: when it tells of one; faultLogLater=x out of the event loop.
 #include <kt/ktController.h>
 #include <kt/ktFileIO.h>
 #include <kt/ktLog.h>
@@ -93,6 +93,11 @@ void failToTell(ktMessage&)
     throw std::runtime_error("no luck");
 }
 
+void failToTellLater(ktMessage& message)
+{
+    QTimer::singleShot(300, [message]() mutable { failToTell(message); });
+}
+
 class Panel : public QLabel
 {
 protected:
@@ -115,6 +120,7 @@ public:
         ktController::addCB("faultDialog", showDialog);
         ktController::addCB("faultUncaught", failUncaught);
         ktController::addCB("faultLog", failToTell);
+        ktController::addCB("faultLogLater", failToTellLater);
         ktOSGWidget::addMGLWPressKeyCB([](int, int, int, QEvent*) { at("key"); });
         auto* whenIdle = new QTimer(&_panel);
         QObject::connect(whenIdle, &QTimer::timeout, [] { at("idle"); });
