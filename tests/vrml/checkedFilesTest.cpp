@@ -6,6 +6,7 @@
 #include "host/vrml/SceneGuard.h"
 #include "tests/vrml/Gzip.h"
 #include "tests/vrml/SceneFiles.h"
+#include "tests/vrml/WildTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -24,18 +25,6 @@ namespace kthost
 {
 namespace
 {
-
-/// Each prototype holds the one before it four times: 4^16 nodes.
-std::string explosion()
-{
-    std::string text = "PROTO P0 [] { Group {} }\n";
-    for (int i = 1; i <= 16; ++i) {
-        const std::string below = "P" + std::to_string(i - 1) + " {} ";
-        text += "PROTO P" + std::to_string(i) + " [] { Group { children [ " + below + below + below + below +
-                "] } }\n";
-    }
-    return text + "P16 {}";
-}
 
 std::string numbers(int count)
 {
@@ -194,7 +183,7 @@ TEST_F(CheckedFilesTest, NothingLargeIsUnpackedBeforeItsVerdict)
     limits.seconds = 0.3;
     limits.megabytes = 160;
     const std::string member = test::gzip(std::string(1U << 20U, ' '));
-    std::string packed = test::gzip("#VRML V2.0 utf8\n" + explosion());
+    std::string packed = test::gzip("#VRML V2.0 utf8\n" + test::explosion(16));
     for (int i = 0; i < 200; ++i)
         packed += member;
     const std::string path = folder.write("scene.wrl", packed);

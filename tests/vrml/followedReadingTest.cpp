@@ -9,6 +9,7 @@
 #include "host/vrml/SceneGuard.h"
 #include "host/vrml/SceneReader.h"
 #include "tests/vrml/SceneFiles.h"
+#include "tests/vrml/WildTexts.h"
 
 #include <Inventor/SoDB.h>
 #include <gtest/gtest.h>
@@ -41,28 +42,6 @@ std::string chain(int length)
     return text;
 }
 
-/// The reader is busy with it for longer than anybody waits.
-std::string endlessWork()
-{
-    std::string text = "PROTO P0 [] { Group {} }\n";
-    for (int i = 1; i <= 16; ++i) {
-        const std::string below = "P" + std::to_string(i - 1) + " {} ";
-        text += "PROTO P" + std::to_string(i) + " [] { Group { children [ " + below + below + below + below +
-                "] } }\n";
-    }
-    return text + "P16 {}\n";
-}
-
-std::string nested(int levels)
-{
-    std::string text;
-    for (int i = 0; i < levels; ++i)
-        text += "Group{children[";
-    for (int i = 0; i < levels; ++i)
-        text += "]}";
-    return text;
-}
-
 class FollowedReadingTest : public testing::Test
 {
 protected:
@@ -88,7 +67,7 @@ protected:
 
 TEST_F(FollowedReadingTest, GoesAsFarAsTheCheckAndNoFurther)
 {
-    folder.writeScene("deep.wrl", nested(20000));
+    folder.writeScene("deep.wrl", test::nested(20000));
     const double place =
         placeOfRefusal(plainNodes(1000) + "Inline { url \"deep.wrl\" }\n" + plainNodes(1000), tooDeep);
     EXPECT_GT(place, 0.47);
@@ -97,21 +76,21 @@ TEST_F(FollowedReadingTest, GoesAsFarAsTheCheckAndNoFurther)
 
 TEST_F(FollowedReadingTest, StopsBeforeWorkThatDoesNotEnd)
 {
-    EXPECT_LE(placeOfRefusal(plainNodes(1000) + endlessWork() + plainNodes(1000),
+    EXPECT_LE(placeOfRefusal(plainNodes(1000) + test::explosion(16) + plainNodes(1000),
                              "the reader takes longer than 0.5 s for it", 0.5),
               0.52);
 }
 
 TEST_F(FollowedReadingTest, WaitsForTheWholeCheckWhereManyNodesStandInsideEachOther)
 {
-    folder.writeScene("deep.wrl", nested(20000));
+    folder.writeScene("deep.wrl", test::nested(20000));
     EXPECT_EQ(placeOfRefusal(chain(1500) + plainNodes(1000) + "Inline { url \"deep.wrl\" }", tooDeep), 0.0);
 }
 
 TEST_F(FollowedReadingTest, WaitsForTheWholeCheckAfterAFileInsideFailed)
 {
     folder.writeScene("bad.wrl", "Group { children [" + many + "] }");
-    folder.writeScene("deep.wrl", nested(20000));
+    folder.writeScene("deep.wrl", test::nested(20000));
     EXPECT_LE(placeOfRefusal(
                   "Inline { url \"bad.wrl\" }\n" + plainNodes(1000) + "Inline { url \"deep.wrl\" }", tooDeep),
               0.01);
@@ -169,7 +148,7 @@ TEST_F(FollowedReadingTest, ASceneWhoseEndIsNotSurvivedIsRefusedAndStays)
     CoinLibrary::init();
     auto* const scene = new SoVRMLGroup;
     scene->ref();
-    guard.check(folder.writeScene("scene.wrl", endlessWork()));
+    guard.check(folder.writeScene("scene.wrl", test::explosion(16)));
     {
         SceneEnd end(CoinRef<SoVRMLGroup>(scene), guard, "scene.wrl");
         EXPECT_EQ(end.problem(), "scene.wrl: the reader takes longer than 0.2 s for it");

@@ -3,6 +3,7 @@
 
 #include "host/vrml/SceneReader.h"
 #include "tests/vrml/SceneFiles.h"
+#include "tests/vrml/WildTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -16,27 +17,8 @@ namespace kthost
 namespace
 {
 
-std::string nested(int levels)
-{
-    std::string text;
-    for (int i = 0; i < levels; ++i)
-        text += "Group{children[";
-    for (int i = 0; i < levels; ++i)
-        text += "]}";
-    return text;
-}
-
-/// Each prototype holds the one before it four times: 4^levels nodes.
-std::string explosion(int levels)
-{
-    std::string text = "PROTO P0 [] { Group {} }\n";
-    for (int i = 1; i <= levels; ++i) {
-        const std::string below = "P" + std::to_string(i - 1) + " {} ";
-        text += "PROTO P" + std::to_string(i) + " [] { Group { children [ " + below + below + below + below +
-                "] } }\n";
-    }
-    return text + "P" + std::to_string(levels) + " {}";
-}
+using test::explosion;
+using test::nested;
 
 class SceneGuardTest : public testing::Test
 {
