@@ -5,6 +5,10 @@
 
 #include <cstdlib>
 
+#ifdef KT_LOOKS_FOR_LEAKS
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace
 {
 
@@ -17,7 +21,16 @@ public:
     }
 };
 
-const auto* const module = new Early; // which nobody destroys
+/// Nobody destroys it.
+const ktModuleBase* makeEarly()
+{
+#ifdef KT_LOOKS_FOR_LEAKS
+    const __lsan::ScopedDisabler keptOnPurpose;
+#endif
+    return new Early;
+}
+
+const ktModuleBase* const module = makeEarly();
 
 } // namespace
 
