@@ -30,6 +30,19 @@ std::vector<int> nodeFieldsOf(const SoFieldContainer& container, const SoFieldDa
     return indices;
 }
 
+void emptyFields(const SoFieldContainer& container, const SoFieldData* fields)
+{
+    if (!fields)
+        return;
+    for (const int index : nodeFieldsOf(container, *fields)) {
+        SoField* const field = fields->getField(&container, index);
+        if (field->isOfType(SoSFNode::getClassTypeId()))
+            static_cast<SoSFNode*>(field)->setValue(nullptr);
+        else
+            static_cast<SoMFNode*>(field)->setNum(0);
+    }
+}
+
 } // namespace
 
 void NodeFields::appendFields(const SoFieldContainer& container, const SoFieldData* fields,
@@ -69,6 +82,16 @@ std::vector<SoNode*> NodeFields::nodesOf(SoNode& node)
     }
     appendHidden(node, nodes);
     return nodes;
+}
+
+void NodeFields::empty(SoNode& node)
+{
+    if (const SoProtoInstance* const instance = SoProtoInstance::findProtoInstance(&node)) {
+        const SoFieldContainer& container = *instance;
+        emptyFields(container, container.getFieldData());
+    }
+    emptyFields(node, node.getFieldData());
+    node.getChildren(); // takes the change over, and with it lets go of what was there
 }
 
 std::vector<SoNode*> NodeFields::drawnNodesOf(SoNode& node)

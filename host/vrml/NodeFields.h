@@ -23,6 +23,9 @@ public:
     /// nor what the fields of an instance hand over to its body. Each as often as it is drawn.
     std::vector<SoNode*> drawnNodesOf(SoNode& node);
 
+    /// Takes all nodes out of the fields of a node and of the prototype instance that it is the root of.
+    static void empty(SoNode& node);
+
 private:
     static void appendHidden(SoNode& node, std::vector<SoNode*>& nodes);
     void appendFields(const SoFieldContainer& container, const SoFieldData* fields,

@@ -1,5 +1,6 @@
 #include "host/vrml/SceneBuilder.h"
 
+#include "host/vrml/CoinRef.h"
 #include "host/vrml/DrawnNodes.h"
 #include "host/vrml/NodeFields.h"
 #include "host/vrml/NodeNames.h"
@@ -92,9 +93,20 @@ private:
         if (drawn.loop) {
             const std::string name = _names.original(nameOf(*drawn.loop).getString());
             refuse((name.empty() ? "a node" : "'" + name + "'") + " stands inside itself");
+            takeApart();
         } else if (drawn.count > _limits.drawnNodes) {
             refuse("more than " + std::to_string(_limits.drawnNodes) + " nodes are to be drawn");
         }
+    }
+
+    /// Nodes that hold each other would stay for good.
+    void takeApart()
+    {
+        std::vector<CoinRef<SoNode>> nodes;
+        for (const auto& visited : _isOpen)
+            nodes.emplace_back(visited.first);
+        for (const CoinRef<SoNode>& node : nodes)
+            NodeFields::empty(*node);
     }
 
     void refuse(std::string problem)
@@ -152,8 +164,8 @@ private:
     NodeFields _fields;
     SceneNodes _result;
     std::vector<Branch> _branches;
-    bool _isShared = false;                          ///< Some node is met again.
-    std::unordered_map<const SoNode*, bool> _isOpen; ///< Of each visited node: its children are being built.
+    bool _isShared = false;                    ///< Some node is met again.
+    std::unordered_map<SoNode*, bool> _isOpen; ///< Of each visited node: its children are being built.
     std::unordered_map<std::int16_t, const osg::FieldContainerType*> _kinds;
 };
 

@@ -177,6 +177,22 @@ TEST_F(SceneBuilderTest, ANodeThatIsDrawnInsideItselfIsAProblem)
               "'A' stands inside itself");
 }
 
+TEST_F(SceneBuilderTest, ASceneThatIsRefusedForThatLeavesNothing)
+{
+    for (const char* text : {"Shape {} DEF A Group { children [ TimeSensor {} USE A ] }",
+                             "Shape {} DEF A Group { children LOD { level DEF B Group { children USE A } } }",
+                             "PROTO P [ field MFNode c [] ] { Group { children IS c } }\n"
+                             "Shape {} DEF A Group { children P { c USE A } }"}) {
+        SceneReading reading = SceneReader::read(folder.writeScene("scene.wrl", text));
+        ASSERT_TRUE(reading) << reading.error;
+        const CoinRef<SoNode> node(reading.root->getChild(reading.root->getNumChildren() - 1));
+        ASSERT_TRUE(node->isOfType(SoVRMLGroup::getClassTypeId()));
+        EXPECT_NE(SceneBuilder::build(*reading.root, reading.names, {}).problem, "");
+        reading = {};
+        EXPECT_EQ(node->getRefCount(), 1) << text;
+    }
+}
+
 TEST_F(SceneBuilderTest, WhatOnlyScriptsHoldIsNotDrawn)
 {
     const test::BuiltScene scene =
