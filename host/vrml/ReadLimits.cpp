@@ -21,6 +21,7 @@ void visitEach(Limits& limits, Visitor visit)
     visit("KTHOST_READ_DEPTH", limits.sceneDepth);
     visit("KTHOST_READ_DRAWN", limits.drawnNodes);
     visit("KTHOST_READ_SECONDS", limits.seconds);
+    visit("KTHOST_READ_WAIT_SECONDS", limits.waitSeconds);
     visit("KTHOST_READ_MEGABYTES", limits.megabytes);
     visit("KTHOST_READ_FILE_MEGABYTES", limits.fileMegabytes);
     visit("KTHOST_READ_FILES", limits.files);

@@ -84,7 +84,7 @@ TEST_F(CheckedFilesTest, WaitingIsNotItsTimeUnlessItDoesNotEnd)
     ReadLimits limits;
     limits.seconds = 0.5;
     EXPECT_EQ(reasonAfterSleep(path, limits, 1.0), "");
-    limits.seconds = 0.1;
+    limits.waitSeconds = 1.0;
     EXPECT_EQ(reasonAfterSleep(path, limits, 100.0), "its check was not done after 1.5 s");
 }
 
@@ -165,7 +165,8 @@ TEST_F(CheckedFilesTest, ACheckWaitsForItsHostAsLongAsThatLikes)
         text += "Inline { url \"part.wrl\" }\n";
     folder.writeScene("part.wrl", "Group {}");
     ReadLimits limits;
-    limits.seconds = 0.4;
+    limits.waitSeconds = 4.0;
+    limits.seconds = 2.0;
     SceneGuard guard(KT_SCENE_CHECK, limits);
     bool hasSlept = false;
     const auto sleepOnce = [&](double) {

@@ -21,6 +21,7 @@ protected:
         for (const auto& [name, member] : numbers)
             unsetenv(name);
         unsetenv("KTHOST_READ_SECONDS");
+        unsetenv("KTHOST_READ_WAIT_SECONDS");
     }
 
     static ReadLimits with(const char* variable, const char* text)
@@ -49,7 +50,8 @@ TEST_F(ReadLimitsTest, EachIsTakenFromItsVariable)
         EXPECT_EQ(with(variable, "2000000000").*member, 1000000000U) << variable;
     }
     EXPECT_EQ(with("KTHOST_READ_SECONDS", "0.5").seconds, 0.5);
-    EXPECT_EQ(ReadLimits::fromEnvironment().clockSeconds(), 3.5);
+    EXPECT_EQ(with("KTHOST_READ_WAIT_SECONDS", "2.5").waitSeconds, 2.5);
+    EXPECT_EQ(ReadLimits::fromEnvironment().clockSeconds(), 3.0);
 }
 
 TEST_F(ReadLimitsTest, WhatIsNoNumberAboveZeroIsIgnored)
