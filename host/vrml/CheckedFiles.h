@@ -15,7 +15,7 @@ namespace kthost
 class SceneGuard;
 
 /// The files of a reading as the guard's process has found them. It looks for the same ones in the same
-/// order, before the host does; where one is another by then, or is there no more, the host must not go on.
+/// order, before the host does; where one is another by then, or is gone, the host must not go on.
 class CheckedFiles
 {
 public:
