@@ -13,7 +13,7 @@ function(kt_configure_test_code target)
         # Looks for undefined behaviour in what is tested, not in the tests: there it would take most of the build.
         target_compile_options(${target} PRIVATE -fno-sanitize=undefined)
     endif()
-    if(CMAKE_UNITY_BUILD)
+    if(KT_QUICK_TEST_BUILD OR CMAKE_UNITY_BUILD)
         # A fixture of an unnamed namespace is then no longer of the main file.
         target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
     endif()
@@ -21,9 +21,9 @@ function(kt_configure_test_code target)
     target_link_libraries(${target} PRIVATE GTest::gmock Qt5::Test Qt5::Widgets)
 endfunction()
 
-# The headers that nearly every test reads, compiled once for all of them. Tests still name what they use: the
-# preset "coverage" builds them without.
-if(KT_PRECOMPILE_TESTS)
+# The headers that nearly every test reads, compiled once for all of them, and the tests of a room several at a time:
+# half the time. Tests still name what they use: the preset "coverage" compiles each by itself.
+if(KT_QUICK_TEST_BUILD)
     add_library(ktTestHeaders OBJECT "${CMAKE_CURRENT_LIST_DIR}/../tests/support/precompiled.cpp")
     kt_configure_test_code(ktTestHeaders)
     target_precompile_headers(ktTestHeaders PRIVATE <gmock/gmock.h> <gtest/gtest.h> <QString> <QTest>)
@@ -36,8 +36,9 @@ function(kt_add_test)
     cmake_parse_arguments(arg "SKIP_MAIN" "NAME;LABEL" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${arg_NAME} ${arg_SOURCES})
     kt_configure_test_code(${arg_NAME})
-    if(KT_PRECOMPILE_TESTS)
+    if(KT_QUICK_TEST_BUILD)
         target_precompile_headers(${arg_NAME} REUSE_FROM ktTestHeaders)
+        set_target_properties(${arg_NAME} PROPERTIES UNITY_BUILD ON)
     endif()
     set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests" AUTOMOC ON)
     target_link_libraries(${arg_NAME} PRIVATE ${arg_LIBRARIES})
