@@ -3,6 +3,10 @@
 #include "examples/scenes/generator/SceneGenerator.h"
 #include "host/vrml/SceneReader.h"
 
+#include <QImage>
+#include <QRandomGenerator>
+#include <QString>
+
 #include <zlib.h>
 
 #include <algorithm>
@@ -56,6 +60,35 @@ std::string instances(int count)
     return text;
 }
 
+/// Noise, which no format makes small.
+void writeImage(const std::string& path, int side)
+{
+    QImage image(side, side, QImage::Format_RGB32);
+    QRandomGenerator random(1);
+    for (int y = 0; y < side; ++y)
+        random.fillRange(reinterpret_cast<quint32*>(image.scanLine(y)), side);
+    image.save(QString::fromStdString(path), "PNG");
+}
+
+/// So many images, each on several shapes.
+std::string textured(const std::string& folder, int images, int side)
+{
+    constexpr int shapes = 1000;
+    std::string text = header;
+    const std::string name = "texture" + std::to_string(side) + "-";
+    for (int i = 0; i < images; ++i)
+        writeImage(folder + "/" + name + std::to_string(i) + ".png", side);
+    for (int i = 0; i < shapes; ++i) {
+        const std::string image = std::to_string(i % images);
+        const std::string texture =
+            i < images ? "DEF T" + image + " ImageTexture { url \"" + name + image + ".png\" }"
+                       : "USE T" + image;
+        text += "Transform { translation " + std::to_string(i) + " 0 0 children [ Shape {\n" +
+                "appearance Appearance { texture " + texture + " } geometry Box {} } ] }\n";
+    }
+    return text;
+}
+
 void write(const std::string& path, const std::string& text)
 {
     std::ofstream(path, std::ios::binary) << text;
@@ -88,6 +121,8 @@ std::vector<GuardScene> writeGuardScenes(const std::string& folder)
     write(folder + "/part.wrl", SceneGenerator::generate(100, 1000));
     write(next("Inlines"), header + "Inline { url \"part.wrl\" }\nInline { url \"part.wrl\" }\n" +
                                "Inline { url \"part.wrl\" }\n#" + std::string(100000, ' '));
+    write(next("300 small textures"), textured(folder, 300, 64));
+    write(next("8 large textures"), textured(folder, 8, 1024));
     return scenes;
 }
 

@@ -29,7 +29,15 @@ bool areSame(const ktMessage::Attributes& a, const ktMessage::Attributes& b)
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame);
 }
 
-void write(const Project& project, const QString& file)
+Project placed(const OpenProject::Copy& copy, const QString& file)
+{
+    Project project = copy.project;
+    project.scene = copy.scene.isEmpty() ? QString() : ScenePath::relative(file, copy.scene);
+    project.isSceneOutside = ScenePath::isOutside(project.scene);
+    return project;
+}
+
+void writeFile(const Project& project, const QString& file)
 {
     try {
         ProjectFile::write(project, file);
@@ -88,11 +96,18 @@ ktMessage::Attributes OpenProject::persistent(bool warn) const
     return result;
 }
 
-OpenProject::Saved OpenProject::wouldSave(const QString& scene) const
+OpenProject::Copy OpenProject::next(const QString& scene, int failedModules, bool warn) const
+{
+    Copy next{_read, scene, failedModules};
+    next.project.attributes = persistent(warn);
+    return next;
+}
+
+OpenProject::Copy OpenProject::wouldSave(const QString& scene) const
 {
     const ProjectProbe probe;
     const int failed = tellModules(ProjectStep::Save);
-    return {scene, persistent(false), failed};
+    return next(scene, failed, false);
 }
 
 void OpenProject::settle(const QString& scene)
@@ -102,39 +117,36 @@ void OpenProject::settle(const QString& scene)
 
 bool OpenProject::isModified(const QString& scene) const
 {
-    if (!_settled)
-        return false; // nothing was ever open
-    const Saved now = wouldSave(scene);
-    return now.scene != _settled->scene || now.failedModules != _settled->failedModules ||
-           !areSame(now.attributes, _settled->attributes);
+    return unsaved(scene).has_value();
 }
 
-Project OpenProject::next(const QString& file, const QString& scene, bool warn) const
+std::optional<OpenProject::Copy> OpenProject::unsaved(const QString& scene) const
 {
-    Project next = _read;
-    next.attributes = persistent(warn);
-    next.scene = scene.isEmpty() ? QString() : ScenePath::relative(file, scene);
-    next.isSceneOutside = ScenePath::isOutside(next.scene);
-    return next;
+    if (!_settled)
+        return {}; // nothing was ever open
+    Copy now = wouldSave(scene);
+    if (now.scene == _settled->scene && now.failedModules == _settled->failedModules &&
+        areSame(now.project.attributes, _settled->project.attributes))
+        return {};
+    return now;
 }
 
 int OpenProject::save(const QString& file, const QString& scene)
 {
     const int failed = tellModules(ProjectStep::Save);
-    Project saved = next(file, scene, true);
-    write(saved, file);
-    _settled = Saved{scene, saved.attributes, failed > 0 ? incomplete : 0};
-    _read = std::move(saved);
+    Copy saved = next(scene, failed, true);
+    Project project = placed(saved, file);
+    writeFile(project, file);
+    saved.failedModules = failed > 0 ? incomplete : 0;
+    _settled = std::move(saved);
+    _read = std::move(project);
     _file = file;
     return failed;
 }
 
-int OpenProject::writeCopy(const QString& file, const QString& scene) const
+void OpenProject::write(const Copy& copy, const QString& file)
 {
-    const ProjectProbe probe;
-    const int failed = tellModules(ProjectStep::Save);
-    write(next(file, scene, false), file);
-    return failed;
+    writeFile(placed(copy, file), file);
 }
 
 } // namespace kthost

@@ -38,30 +38,34 @@ public:
     /// with all that they keep.
     int save(const QString& file, const QString& scene);
 
-    /// Asks modules and writes the file as a save does, but all stays as it was: for a copy beside the
-    /// project. Answers how many modules failed.
-    int writeCopy(const QString& file, const QString& scene) const;
-
-private:
-    struct Saved
+    /// What a save would write.
+    struct Copy
     {
+        Project project; ///< Without the scene, whose path depends on the file's place.
         QString scene;
-        ktMessage::Attributes attributes;
-        int failedModules; ///< So many did not say what they keep.
+        int failedModules; ///< So many did not say what they keep; it has what the project had of them.
     };
 
+    /// A copy where isModified() would be true. Modules are asked once, and nobody when it is written.
+    std::optional<Copy> unsaved(const QString& scene) const;
+
+    /// Throws HostError (BadFile) where the file cannot be written. The open project stays as it was.
+    static void write(const Copy& copy, const QString& file);
+
+private:
     /// The attributes of ktFileIO::getProject() that go into a file. Those of types that no file can hold are
     /// left as the file had them; `warn` says so in the log.
     ktMessage::Attributes persistent(bool warn) const;
 
-    /// What a file of that name would hold, once modules were asked; `warn` as above.
-    Project next(const QString& file, const QString& scene, bool warn) const;
+    /// What a save would write, once modules were asked; `warn` as above.
+    Copy next(const QString& scene, int failedModules, bool warn) const;
 
-    Saved wouldSave(const QString& scene) const;
+    /// Asks modules; all stays as it was.
+    Copy wouldSave(const QString& scene) const;
 
     QString _file;
     Project _read; ///< What the file said.
-    std::optional<Saved> _settled;
+    std::optional<Copy> _settled;
 };
 
 } // namespace kthost

@@ -220,12 +220,14 @@ void Session::save(const QString& project)
 Session::Rescued Session::rescue() const
 {
     const QString shown = projectFile().isEmpty() ? _file : projectFile();
-    if (shown.isEmpty() || _isLetGo || !_project.isModified(_file))
+    if (shown.isEmpty() || _isLetGo)
         return {};
-    Rescued rescued;
-    rescued.file = RescueFile::write(
-        shown, [&](const QString& file) { rescued.failedModules = _project.writeCopy(file, _file); });
-    return rescued;
+    // Before a file is made: a module may never come back from the question.
+    const std::optional<OpenProject::Copy> unsaved = _project.unsaved(_file);
+    if (!unsaved)
+        return {};
+    const auto write = [&](const QString& file) { OpenProject::write(*unsaved, file); };
+    return {RescueFile::write(shown, write), unsaved->failedModules};
 }
 
 void Session::close()

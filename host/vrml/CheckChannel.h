@@ -3,21 +3,36 @@
 namespace kthost
 {
 
-/// What connects SceneGuard and its program, kthost-scene-check. Each packet in is a number, a blank and a
-/// path, each packet out begins with one of these.
+/// What connects CheckProgram and its program, kthost-scene-check. The program's first word is what it reads,
+/// then those of ReadLimits follow. For scenes each packet in is a number, a blank and a path; for images it
+/// is a path, and has one answer. Each packet out begins with one of the characters here.
 struct CheckChannel
 {
-    /// The file's number follows, a blank, and why it must not be read; nothing where it may.
+    static constexpr const char* scenes = "scenes";
+    static constexpr const char* images = "images";
+
+    /// Of a scene: its number follows, a blank, and why it must not be read; nothing where it may. Of an
+    /// image: it is none.
     static constexpr char verdict = '.';
     static constexpr char news = '+'; ///< The check is where the guard awaits it.
 
-    /// The file's number follows, a blank, and what was found for one that it needs: FoundFile's two numbers
-    /// with a blank between.
+    /// The scene's number follows, a blank, and what was found for a file that it needs: FoundFile's two
+    /// numbers with a blank between.
     static constexpr char found = '#';
 
-    /// The program's descriptors: a socket of sequenced packets, the memory of CheckProgress.
+    /// The words of ImageSize follow: so large is the image whose pixels are in the memory now.
+    static constexpr char image = '*';
+
+    /// The program's descriptors: a socket of sequenced packets; for scenes the memory of
+    /// CheckProgress, for images that of PixelMemory.
     static constexpr int socket = 0;
-    static constexpr int progress = 3;
+    static constexpr int memory = 3;
+
+    /// What the program may need beyond its own limit to tell that it was reached.
+    static constexpr double graceSeconds = 5.0;
+
+    /// The verdict where it does not answer even so, or is gone.
+    static constexpr const char* noAnswer = "the reader does not come back from it";
 };
 
 } // namespace kthost

@@ -1,5 +1,7 @@
 #include "host/vrml/CheckedReading.h"
 
+#include "host/vrml/CheckChannel.h"
+
 #include <sys/resource.h>
 #include <sys/time.h>
 #include <sys/wait.h>
@@ -127,9 +129,17 @@ std::string number(double value)
 
 } // namespace
 
-void CheckedReading::read(const std::string& path, const ReadLimits& limits, const ReadingFollower& follower)
+void CheckedReading::run(const ReadLimits& limits, const std::function<void()>& read)
 {
     limitThisProcess(limits);
+    read();
+    const itimerval none{};
+    setitimer(ITIMER_REAL, &none, nullptr);
+    setitimer(ITIMER_PROF, &none, nullptr);
+}
+
+void CheckedReading::read(const std::string& path, const ReadLimits& limits, const ReadingFollower& follower)
+{
     // Each look of another process at the place costs both some time, and so does a look at the memory.
     constexpr std::uint64_t stride = 1024;
     std::uint64_t next = 0;
@@ -142,10 +152,7 @@ void CheckedReading::read(const std::string& path, const ReadLimits& limits, con
         if (isFollowed)
             follower.passed(place);
     };
-    SceneReader::readSkeleton(path, limits, {pass, follower.found});
-    const itimerval none{};
-    setitimer(ITIMER_REAL, &none, nullptr);
-    setitimer(ITIMER_PROF, &none, nullptr);
+    run(limits, [&] { SceneReader::readSkeleton(path, limits, {pass, follower.found}); });
 }
 
 std::string CheckedReading::reasonOf(int status, const ReadLimits& limits)
@@ -158,6 +165,8 @@ std::string CheckedReading::reasonOf(int status, const ReadLimits& limits)
         return "the reader needs more than " + std::to_string(limits.megabytes) + " megabytes for it";
     if (WIFEXITED(status) && WEXITSTATUS(status) == StackIsFull)
         return "it is nested too deep for the reader, or without end";
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
+        return CheckChannel::noAnswer;
     return "the reader breaks down over it";
 }
 

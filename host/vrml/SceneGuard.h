@@ -1,9 +1,8 @@
 #pragma once
 
+#include "host/vrml/CheckProgram.h"
 #include "host/vrml/FoundFile.h"
 #include "host/vrml/ReadLimits.h"
-
-#include <sys/types.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -15,6 +14,7 @@ namespace kthost
 {
 
 class CheckProgress;
+class ImageGuard;
 
 /// Lets a process of its own read a scene file before the host does, since there are files that the reader
 /// does not survive. The process has limits on time, memory and stack, and reads the file with all that it
@@ -26,7 +26,7 @@ class SceneGuard
 {
 public:
     /// Starts the program, `kthost-scene-check`, in the background.
-    SceneGuard(std::string program, const ReadLimits& limits);
+    SceneGuard(const std::string& program, const ReadLimits& limits);
 
     /// Ends the program.
     ~SceneGuard();
@@ -64,19 +64,19 @@ public:
 
     const ReadLimits& limits() const { return _limits; }
 
+    /// Reads the images of scenes, by the same program and with the same limits.
+    const std::shared_ptr<ImageGuard>& images() const { return _images; }
+
 private:
     void start();
-    void stop();
-    bool send(const std::string& packet) const;
 
     /// Waits for the program to say something.
     void receive();
     void take(const std::string& packet);
 
-    std::string _program;
     ReadLimits _limits;
-    pid_t _process = -1;
-    int _socket = -1;
+    CheckProgram _program;
+    std::shared_ptr<ImageGuard> _images;
     std::uint64_t _number = 0; ///< Of the last file.
     std::uint64_t _passed = 0; ///< Of this file, when it was looked at last.
     bool _isChecking = false;

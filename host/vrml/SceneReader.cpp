@@ -14,7 +14,7 @@ SceneReading SceneReader::read(const std::string& path, const ReadingProgress& p
 {
     CoinLibrary::init();
     const ReadLimits limits = guard ? guard->limits() : ReadLimits();
-    TextureImages::setLimits(limits);
+    TextureImages::setReading(limits, guard ? guard->images() : nullptr);
     SceneReading result;
     {
         ReadingSession session(result, {progress, guard, limits, {}, false});

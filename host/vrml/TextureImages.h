@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 class SbImage;
@@ -7,10 +8,10 @@ class SbImage;
 namespace kthost
 {
 
+class ImageGuard;
 struct ReadLimits;
 
-/// Texture images, decoded by Qt: the formats that its installed image plug-ins know, PNG and JPEG among
-/// them.
+/// The images of a scene, for the library that draws them.
 class TextureImages
 {
 public:
@@ -23,12 +24,12 @@ public:
     /// Where relative URLs are looked up from now on, and the folder they were looked up in so far.
     static std::string setFolder(std::string folder);
 
-    /// Files of more bytes and images of more pixels are left out from now on.
-    static void setLimits(const ReadLimits& limits);
+    /// From now on images are read by the guard, for as long as there is one, and otherwise by ourselves with
+    /// these limits.
+    static void setReading(const ReadLimits& limits, const std::shared_ptr<ImageGuard>& guard);
 
-    /// Reads an image file of the local file system into `image`, with as many components a pixel as it
-    /// needs. False where it is missing, no image, larger than the limit, or than 16384 pixels a side, which
-    /// is what graphics hardware takes; `image` is then as it was.
+    /// Reads an image file of the local file system into `image`, as ImageDecoder does. Where it fails,
+    /// `image` is as it was.
     static bool read(const std::string& path, SbImage& image);
 };
 

@@ -1,11 +1,14 @@
-// kthost-scene-check: reads scene files for SceneGuard, each in a process that may fail.
-//   kthost-scene-check LIMIT...
+// kthost-scene-check: reads scene files for SceneGuard, or images for ImageGuard, each in a process that may
+// fail.
+//   kthost-scene-check scenes|images LIMIT...
 // with the words of ReadLimits.
 // CheckChannel says what it is connected with.
 #include "host/vrml/CheckChannel.h"
 #include "host/vrml/CheckProgress.h"
 #include "host/vrml/CheckedReading.h"
 #include "host/vrml/CoinLibrary.h"
+#include "host/vrml/ImageDecoder.h"
+#include "host/vrml/PixelMemory.h"
 
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -18,6 +21,7 @@
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <functional>
 #include <string>
 
 namespace
@@ -69,11 +73,14 @@ bool sendVerdict(const std::string& packet, const std::string& reason)
     return sendPacket(CheckChannel::socket, CheckChannel::verdict + numberOf(packet) + " " + reason);
 }
 
+/// Reads a file, in a process that was forked for it; both are given as in the packet.
+using Reading = std::function<void(const std::string& number, const std::string& path)>;
+
 /// The process for the next file. It is forked before there is one, which saves the time at the file.
 class Reader
 {
 public:
-    Reader(const ReadLimits& limits, CheckProgress& progress)
+    explicit Reader(const Reading& read)
     {
         std::array<int, 2> ends{-1, -1};
         if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0)
@@ -85,7 +92,7 @@ public:
             close(_socket);
             prctl(PR_SET_PDEATHSIG, SIGKILL);
             if (getppid() == parent)
-                serve(ends[1], limits, progress);
+                serve(ends[1], read);
             _exit(0);
         }
         close(ends[1]);
@@ -114,20 +121,12 @@ public:
     }
 
 private:
-    static void serve(int socket, const ReadLimits& limits, CheckProgress& progress)
+    static void serve(int socket, const Reading& read)
     {
         const std::string packet = receive(socket);
         if (packet.empty())
             return;
-        const auto pass = [&](std::uint64_t place) {
-            if (progress.tell(place))
-                sendPacket(CheckChannel::socket, std::string(1, CheckChannel::news));
-        };
-        const auto find = [&](const FoundFile& file) {
-            sendInOwnTime(CheckChannel::found + numberOf(packet) + " " + std::to_string(file.path) + " " +
-                          std::to_string(file.bytes));
-        };
-        CheckedReading::read(packet.substr(numberOf(packet).size() + 1), limits, {pass, find});
+        read(numberOf(packet), packet.substr(numberOf(packet).size() + 1));
         // At once: taking the process down takes its time too.
         sendVerdict(packet, {});
         _exit(survived);
@@ -147,12 +146,54 @@ bool check(const std::string& packet, Reader& reader, const ReadLimits& limits)
            sendVerdict(packet, CheckedReading::reasonOf(status, limits));
 }
 
-void serve(const ReadLimits& limits, CheckProgress& progress)
+void serve(const ReadLimits& limits, const Reading& read)
 {
     for (bool isServing = true; isServing;) {
-        Reader reader(limits, progress);
+        Reader reader(read);
         const std::string packet = receive(CheckChannel::socket);
         isServing = !packet.empty() && check(packet, reader, limits);
+    }
+}
+
+/// False where it cannot.
+bool serveScenes(const ReadLimits& limits)
+{
+    CoinLibrary::init();
+    CheckProgress progress(CheckChannel::memory);
+    if (progress.failed())
+        return false;
+    serve(limits, [&](const std::string& number, const std::string& path) {
+        const auto pass = [&](std::uint64_t place) {
+            if (progress.tell(place))
+                sendPacket(CheckChannel::socket, std::string(1, CheckChannel::news));
+        };
+        const auto find = [&](const FoundFile& file) {
+            sendInOwnTime(CheckChannel::found + number + " " + std::to_string(file.path) + " " +
+                          std::to_string(file.bytes));
+        };
+        CheckedReading::read(path, limits, {pass, find});
+    });
+    return true;
+}
+
+/// In this very process: to fork one takes longer than most images do. The host asks on behind an image that
+/// ends it.
+void serveImages(const ReadLimits& limits)
+{
+    PixelMemory memory(CheckChannel::memory);
+    for (std::string path = receive(CheckChannel::socket); !path.empty();
+         path = receive(CheckChannel::socket)) {
+        std::string answer(1, CheckChannel::verdict);
+        CheckedReading::run(limits, [&] {
+            ImageSize size;
+            const auto room = [&](const ImageSize& needed) {
+                size = needed;
+                return memory.grow(size.bytes());
+            };
+            if (ImageDecoder::decode(path, limits, room))
+                answer = CheckChannel::image + size.words();
+        });
+        sendPacket(CheckChannel::socket, answer);
     }
 }
 
@@ -160,16 +201,17 @@ void serve(const ReadLimits& limits, CheckProgress& progress)
 
 int main(int argc, char** argv)
 {
-    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 1), argv + argc});
+    constexpr int wrongUse = 2;
+    const std::string reads = argc > 1 ? argv[1] : "";
+    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 2), argv + argc});
     if (!limits)
-        return 2;
+        return wrongUse;
     // Interrupts at the terminal are for the host, whose end is ours.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     std::signal(SIGINT, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
-    CoinLibrary::init();
-    CheckProgress progress(CheckChannel::progress);
-    if (progress.failed())
-        return 2;
-    serve(*limits, progress);
+    if (reads == CheckChannel::images)
+        serveImages(*limits);
+    else if (reads != CheckChannel::scenes || !serveScenes(*limits))
+        return wrongUse;
 }

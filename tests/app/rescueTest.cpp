@@ -191,6 +191,20 @@ TEST_F(RescueTest, ThatFailsLeavesNoFile)
     EXPECT_EQ(QDir(folder.path()).entryList({"*.ktproj"}, QDir::Files), QStringList());
 }
 
+TEST_F(RescueTest, AsksModulesOnceBeforeItTakesAName)
+{
+    session.open(path("door.wrl"));
+    module.setting = "edited";
+    module.told.clear();
+    QStringList files{"not asked"};
+    module.whenAsked = [&] { files = QDir(folder.path()).entryList({"*.ktproj"}, QDir::Files); };
+
+    EXPECT_EQ(session.rescue().file, path("door.rescued.ktproj"));
+
+    EXPECT_EQ(module.told, QStringList("save"));
+    EXPECT_EQ(files, QStringList());
+}
+
 TEST_F(RescueTest, SaysHowManyModulesFail)
 {
     session.open(path("door.wrl"));

@@ -1,6 +1,8 @@
 #include "host/vrml/TextureImages.h"
 
+#include "host/vrml/ImageGuard.h"
 #include "host/vrml/ReadLimits.h"
+#include "host/vrml/SceneGuard.h"
 
 #include "tests/vrml/BuiltScene.h"
 #include "tests/vrml/SceneFiles.h"
@@ -14,6 +16,7 @@
 #include <QImage>
 #include <QString>
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -80,12 +83,12 @@ TEST_F(TextureImagesTest, RefusesMorePixelsThanTheLimit)
     const std::string path = save("a.png", QImage(30, 20, QImage::Format_RGB32));
     ReadLimits limits;
     limits.imagePixels = 599;
-    TextureImages::setLimits(limits);
+    TextureImages::setReading(limits, nullptr);
     EXPECT_FALSE(TextureImages::read(path, image));
     limits.imagePixels = 600;
-    TextureImages::setLimits(limits);
+    TextureImages::setReading(limits, nullptr);
     EXPECT_TRUE(TextureImages::read(path, image));
-    TextureImages::setLimits({});
+    TextureImages::setReading({}, nullptr);
 }
 
 TEST_F(TextureImagesTest, RefusesAFileThatIsLargerThanTheLimit)
@@ -96,10 +99,10 @@ TEST_F(TextureImagesTest, RefusesAFileThatIsLargerThanTheLimit)
     ReadLimits limits;
     for (const auto& [megabytes, isRead] : {std::pair{1U, false}, {2U, true}}) {
         limits.fileMegabytes = megabytes;
-        TextureImages::setLimits(limits);
+        TextureImages::setReading(limits, nullptr);
         EXPECT_EQ(TextureImages::read(path, image), isRead);
     }
-    TextureImages::setLimits({});
+    TextureImages::setReading({}, nullptr);
 }
 
 TEST_F(TextureImagesTest, RefusesWhatIsNoImage)
@@ -109,6 +112,33 @@ TEST_F(TextureImagesTest, RefusesWhatIsNoImage)
     EXPECT_FALSE(TextureImages::read(folder.write("empty.png", ""), image));
     EXPECT_FALSE(TextureImages::read(save("wide.png", QImage(16385, 1, QImage::Format_Mono)), image));
     EXPECT_TRUE(pixelsOf(image, components).empty());
+}
+
+TEST_F(TextureImagesTest, LeavesThemToTheGuardWhileThereIsOne)
+{
+    const std::string path = save("a.png", QImage(3, 2, QImage::Format_RGB32));
+    auto broken = std::make_shared<ImageGuard>(folder.path("no-such-program"), ReadLimits());
+    TextureImages::setReading({}, broken);
+    EXPECT_FALSE(TextureImages::read(path, image));
+    broken.reset();
+    EXPECT_TRUE(TextureImages::read(path, image));
+}
+
+TEST_F(TextureImagesTest, TheGuardOfASceneReadsItsImagesToo)
+{
+    QImage picture(8000, 8000, QImage::Format_Grayscale8);
+    picture.fill(77);
+    save("large.png", picture);
+    const std::string scene =
+        folder.writeScene("scene.wrl", "Appearance { texture ImageTexture {\nurl \"large.png\" } }");
+    ReadLimits limits;
+    for (const auto& [seconds, warnings] : {std::pair{100.0, 0U}, {0.1, 1U}}) {
+        limits.seconds = seconds; // in which it can be decoded, or only the scene be checked
+        SceneGuard guard(KT_SCENE_CHECK, limits);
+        const SceneReading reading = SceneReader::read(scene, {}, &guard);
+        ASSERT_TRUE(reading) << reading.error;
+        EXPECT_EQ(reading.warnings.total(), warnings);
+    }
 }
 
 TEST_F(TextureImagesTest, LoadsATextureFromTheFolderOfTheFileThatNamesIt)
