@@ -1,16 +1,15 @@
 #pragma once
 
+#include <string>
+
 namespace kthost
 {
 
-/// What connects CheckProgram and its program, kthost-scene-check. The program's first word is what it reads,
-/// then those of ReadLimits follow. For scenes each packet in is a number, a blank and a path; for images it
-/// is a path, and has one answer. Each packet out begins with one of the characters here.
+/// What connects CheckProgram and its programs, kthost-scene-check and kthost-image-reader. Their words are
+/// those of ReadLimits. For scenes each packet in is a number, a blank and a path; for images it is a path,
+/// and has one answer. Each packet out begins with one of the characters here.
 struct CheckChannel
 {
-    static constexpr const char* scenes = "scenes";
-    static constexpr const char* images = "images";
-
     /// Of a scene: its number follows, a blank, and why it must not be read; nothing where it may. Of an
     /// image: it is none.
     static constexpr char verdict = '.';
@@ -23,16 +22,25 @@ struct CheckChannel
     /// The words of ImageSize follow: so large is the image whose pixels are in the memory now.
     static constexpr char image = '*';
 
-    /// The program's descriptors: a socket of sequenced packets; for scenes the memory of
-    /// CheckProgress, for images that of PixelMemory.
+    /// The programs' descriptors: a socket of sequenced packets; for scenes the memory of CheckProgress, for
+    /// images that of PixelMemory.
     static constexpr int socket = 0;
     static constexpr int memory = 3;
 
-    /// What the program may need beyond its own limit to tell that it was reached.
+    /// What a program may need beyond its own limit to tell that it was reached.
     static constexpr double graceSeconds = 5.0;
 
     /// The verdict where it does not answer even so, or is gone.
     static constexpr const char* noAnswer = "the reader does not come back from it";
+
+    /// False where nobody is there to be told.
+    static bool send(int socket, const std::string& packet);
+
+    /// Waits for a packet; empty where nobody is there any more.
+    static std::string receive(int socket);
+
+    /// At the beginning of a program: it ends with the host, and not before by what ends the host.
+    static void belongToHost();
 };
 
 } // namespace kthost

@@ -25,9 +25,6 @@ namespace
 /// Above the descriptors that CheckChannel names.
 constexpr int firstHigh = 10;
 
-/// Of a packet from the program.
-constexpr std::size_t longestPacket = 512;
-
 /// Spawns the program with its ends of what connects it to us; it has no output.
 int spawn(const std::string& program, const std::vector<std::string>& told, int socket, int memory,
           pid_t& process)
@@ -66,10 +63,9 @@ bool waitForAnswer(int socket, double seconds)
 
 } // namespace
 
-CheckProgram::CheckProgram(std::string program, const char* reading, const ReadLimits& limits)
+CheckProgram::CheckProgram(std::string program, const ReadLimits& limits)
     : _program(std::move(program)), _words(limits.words())
 {
-    _words.insert(_words.begin(), reading);
 }
 
 CheckProgram::~CheckProgram()
@@ -119,17 +115,12 @@ int CheckProgram::stop()
 
 bool CheckProgram::send(const std::string& packet) const
 {
-    return _socket >= 0 &&
-           ::send(_socket, packet.data(), packet.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(packet.size());
+    return _socket >= 0 && CheckChannel::send(_socket, packet);
 }
 
 std::string CheckProgram::receive(double seconds) const
 {
-    std::array<char, longestPacket> buffer{};
-    ssize_t length = 0;
-    if (_socket >= 0 && waitForAnswer(_socket, seconds))
-        length = recv(_socket, buffer.data(), buffer.size(), 0);
-    return {buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
+    return _socket >= 0 && waitForAnswer(_socket, seconds) ? CheckChannel::receive(_socket) : std::string();
 }
 
 } // namespace kthost

@@ -10,13 +10,12 @@ namespace kthost
 
 struct ReadLimits;
 
-/// The program kthost-scene-check while it runs, with what connects it as CheckChannel says. It is killed at
-/// the end.
+/// One of the programs that CheckChannel speaks of while it runs, and what connects it. It is killed at the
+/// end.
 class CheckProgram
 {
 public:
-    /// For `reading`, one of CheckChannel's words.
-    CheckProgram(std::string program, const char* reading, const ReadLimits& limits);
+    CheckProgram(std::string program, const ReadLimits& limits);
     ~CheckProgram();
     CheckProgram(const CheckProgram&) = delete;
     CheckProgram& operator=(const CheckProgram&) = delete;

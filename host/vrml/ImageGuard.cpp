@@ -1,7 +1,7 @@
 #include "host/vrml/ImageGuard.h"
 
 #include "host/vrml/CheckChannel.h"
-#include "host/vrml/CheckedReading.h"
+#include "host/vrml/LimitedRun.h"
 
 #include <kt/ktLog.h>
 
@@ -14,14 +14,9 @@ namespace kthost
 {
 
 ImageGuard::ImageGuard(std::string program, const ReadLimits& limits)
-    : _limits(limits), _program(std::move(program), CheckChannel::images, limits)
+    : _limits(limits), _program(std::move(program), limits)
 {
-}
-
-void ImageGuard::getReady()
-{
-    if (!_memory)
-        start();
+    start();
 }
 
 void ImageGuard::start()
@@ -47,7 +42,7 @@ std::string ImageGuard::verdict(ImageSize& size)
 {
     const std::string packet = _program.receive(_limits.clockSeconds() + CheckChannel::graceSeconds);
     if (packet.empty())
-        return CheckedReading::reasonOf(_program.stop(), _limits);
+        return LimitedRun::reasonOf(_program.stop(), _limits);
     if (packet[0] == CheckChannel::image)
         size = ImageSize::fromWords(packet.substr(1));
     return {};

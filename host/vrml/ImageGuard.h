@@ -13,17 +13,14 @@ namespace kthost
 
 /// Lets a process of its own, with limits on time, memory and stack, decode images: whoever decodes the
 /// formats of many makers may not survive each file. The process hands the pixels over in shared memory. It
-/// is started before the first image, serves image after image, and is started again where one ended it. GUI
-/// thread.
+/// serves image after image, and is started again where one ended it. GUI thread.
 class ImageGuard
 {
 public:
+    /// Starts the program, `kthost-image-reader`, in the background.
     ImageGuard(std::string program, const ReadLimits& limits);
     ImageGuard(const ImageGuard&) = delete;
     ImageGuard& operator=(const ImageGuard&) = delete;
-
-    /// There will be images: starts the process in the background where it was never started.
-    void getReady();
 
     /// As ImageDecoder::decode(). False, too, where the decoder does not survive the file; the log says so.
     bool read(const std::string& path, const ImageDecoder::Room& room);

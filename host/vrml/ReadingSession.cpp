@@ -1,7 +1,6 @@
 #include "host/vrml/ReadingSession.h"
 
 #include "host/vrml/DefLexer.h"
-#include "host/vrml/ImageGuard.h"
 #include "host/vrml/NodeKinds.h"
 #include "host/vrml/ReportingInput.h"
 #include "host/vrml/SceneGuard.h"
@@ -166,8 +165,6 @@ CoinRef<SoVRMLGroup> ReadingSession::parse(const std::string& bytes, OpenFile fi
     const SearchFolder folder(file.folder);
     file.start = _files.empty() ? 0 : _files.back().place();
     _files.push_back(std::move(file));
-    if (_manner.guard && bytes.find("ImageTexture") != std::string::npos)
-        _manner.guard->images()->getReady();
     std::string text = prepare(bytes, error);
     const std::size_t size = text.size();
     CoinRef<SoVRMLGroup> root = error.empty() ? readText(std::move(text), error) : CoinRef<SoVRMLGroup>();

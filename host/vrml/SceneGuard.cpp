@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <sstream>
 #include <utility>
 
@@ -18,12 +19,17 @@ namespace
 /// a few lines.
 constexpr std::uint64_t headStart = 2048;
 
+std::string readerBeside(const std::string& program)
+{
+    return std::filesystem::path(program).replace_filename("kthost-image-reader").string();
+}
+
 } // namespace
 
 SceneGuard::SceneGuard(const std::string& program, const ReadLimits& limits)
     : _limits(limits),
-      _program(program, CheckChannel::scenes, limits),
-      _images(std::make_shared<ImageGuard>(program, limits))
+      _program(program, limits),
+      _images(std::make_shared<ImageGuard>(readerBeside(program), limits))
 {
     start();
 }

@@ -25,10 +25,10 @@ class ImageGuard;
 class SceneGuard
 {
 public:
-    /// Starts the program, `kthost-scene-check`, in the background.
+    /// Starts the program, `kthost-scene-check`, and the one beside it for images in the background.
     SceneGuard(const std::string& program, const ReadLimits& limits);
 
-    /// Ends the program.
+    /// Ends the programs.
     ~SceneGuard();
     SceneGuard(const SceneGuard&) = delete;
     SceneGuard& operator=(const SceneGuard&) = delete;
@@ -64,7 +64,7 @@ public:
 
     const ReadLimits& limits() const { return _limits; }
 
-    /// Reads the images of scenes, by the same program and with the same limits.
+    /// Reads the images of scenes, with the same limits.
     const std::shared_ptr<ImageGuard>& images() const { return _images; }
 
 private:

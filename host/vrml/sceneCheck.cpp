@@ -1,14 +1,12 @@
-// kthost-scene-check: reads scene files for SceneGuard, or images for ImageGuard, each in a process that may
-// fail.
-//   kthost-scene-check scenes|images LIMIT...
+// kthost-scene-check: reads scene files for SceneGuard, each in a process that may fail.
+//   kthost-scene-check LIMIT...
 // with the words of ReadLimits.
 // CheckChannel says what it is connected with.
 #include "host/vrml/CheckChannel.h"
 #include "host/vrml/CheckProgress.h"
 #include "host/vrml/CheckedReading.h"
 #include "host/vrml/CoinLibrary.h"
-#include "host/vrml/ImageDecoder.h"
-#include "host/vrml/PixelMemory.h"
+#include "host/vrml/LimitedRun.h"
 
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -19,9 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <climits>
 #include <csignal>
-#include <functional>
 #include <string>
 
 namespace
@@ -29,27 +25,8 @@ namespace
 
 using namespace kthost;
 
-/// The exit status of a process whose reading came back; apart from those that CheckedReading knows.
+/// The exit status of a process whose reading came back; apart from those that LimitedRun knows.
 constexpr int survived = 90;
-
-/// A number in front of a path.
-constexpr std::size_t longestPacket = PATH_MAX + 24;
-
-std::string receive(int socket)
-{
-    std::string packet(longestPacket, '\0');
-    ssize_t length = 0;
-    do {
-        length = recv(socket, packet.data(), packet.size(), 0);
-    } while (length < 0 && errno == EINTR);
-    packet.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-    return packet;
-}
-
-bool sendPacket(int socket, const std::string& packet)
-{
-    return send(socket, packet.data(), packet.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(packet.size());
-}
 
 /// To the host, which may have other work for as long as it likes: the clock of the check stands still then.
 void sendInOwnTime(const std::string& packet)
@@ -59,7 +36,7 @@ void sendInOwnTime(const std::string& packet)
     const itimerval none{};
     itimerval left{};
     setitimer(ITIMER_REAL, &none, &left);
-    sendPacket(CheckChannel::socket, packet);
+    CheckChannel::send(CheckChannel::socket, packet);
     setitimer(ITIMER_REAL, &left, nullptr);
 }
 
@@ -70,17 +47,14 @@ std::string numberOf(const std::string& packet)
 
 bool sendVerdict(const std::string& packet, const std::string& reason)
 {
-    return sendPacket(CheckChannel::socket, CheckChannel::verdict + numberOf(packet) + " " + reason);
+    return CheckChannel::send(CheckChannel::socket, CheckChannel::verdict + numberOf(packet) + " " + reason);
 }
-
-/// Reads a file, in a process that was forked for it; both are given as in the packet.
-using Reading = std::function<void(const std::string& number, const std::string& path)>;
 
 /// The process for the next file. It is forked before there is one, which saves the time at the file.
 class Reader
 {
 public:
-    explicit Reader(const Reading& read)
+    Reader(const ReadLimits& limits, CheckProgress& progress)
     {
         std::array<int, 2> ends{-1, -1};
         if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0)
@@ -92,7 +66,7 @@ public:
             close(_socket);
             prctl(PR_SET_PDEATHSIG, SIGKILL);
             if (getppid() == parent)
-                serve(ends[1], read);
+                serve(ends[1], limits, progress);
             _exit(0);
         }
         close(ends[1]);
@@ -108,7 +82,10 @@ public:
     Reader& operator=(const Reader&) = delete;
 
     /// False where it does not run.
-    bool handOver(const std::string& packet) const { return _process > 0 && sendPacket(_socket, packet); }
+    bool handOver(const std::string& packet) const
+    {
+        return _process > 0 && CheckChannel::send(_socket, packet);
+    }
 
     /// The status with which it ends.
     int waitForEnd()
@@ -121,12 +98,20 @@ public:
     }
 
 private:
-    static void serve(int socket, const Reading& read)
+    static void serve(int socket, const ReadLimits& limits, CheckProgress& progress)
     {
-        const std::string packet = receive(socket);
+        const std::string packet = CheckChannel::receive(socket);
         if (packet.empty())
             return;
-        read(numberOf(packet), packet.substr(numberOf(packet).size() + 1));
+        const auto pass = [&](std::uint64_t place) {
+            if (progress.tell(place))
+                CheckChannel::send(CheckChannel::socket, std::string(1, CheckChannel::news));
+        };
+        const auto find = [&](const FoundFile& file) {
+            sendInOwnTime(CheckChannel::found + numberOf(packet) + " " + std::to_string(file.path) + " " +
+                          std::to_string(file.bytes));
+        };
+        CheckedReading::read(packet.substr(numberOf(packet).size() + 1), limits, {pass, find});
         // At once: taking the process down takes its time too.
         sendVerdict(packet, {});
         _exit(survived);
@@ -143,57 +128,15 @@ bool check(const std::string& packet, Reader& reader, const ReadLimits& limits)
         return sendVerdict(packet, "there is no process left to check it");
     const int status = reader.waitForEnd();
     return (WIFEXITED(status) && WEXITSTATUS(status) == survived) ||
-           sendVerdict(packet, CheckedReading::reasonOf(status, limits));
+           sendVerdict(packet, LimitedRun::reasonOf(status, limits));
 }
 
-void serve(const ReadLimits& limits, const Reading& read)
+void serve(const ReadLimits& limits, CheckProgress& progress)
 {
     for (bool isServing = true; isServing;) {
-        Reader reader(read);
-        const std::string packet = receive(CheckChannel::socket);
+        Reader reader(limits, progress);
+        const std::string packet = CheckChannel::receive(CheckChannel::socket);
         isServing = !packet.empty() && check(packet, reader, limits);
-    }
-}
-
-/// False where it cannot.
-bool serveScenes(const ReadLimits& limits)
-{
-    CoinLibrary::init();
-    CheckProgress progress(CheckChannel::memory);
-    if (progress.failed())
-        return false;
-    serve(limits, [&](const std::string& number, const std::string& path) {
-        const auto pass = [&](std::uint64_t place) {
-            if (progress.tell(place))
-                sendPacket(CheckChannel::socket, std::string(1, CheckChannel::news));
-        };
-        const auto find = [&](const FoundFile& file) {
-            sendInOwnTime(CheckChannel::found + number + " " + std::to_string(file.path) + " " +
-                          std::to_string(file.bytes));
-        };
-        CheckedReading::read(path, limits, {pass, find});
-    });
-    return true;
-}
-
-/// In this very process: to fork one takes longer than most images do. The host asks on behind an image that
-/// ends it.
-void serveImages(const ReadLimits& limits)
-{
-    PixelMemory memory(CheckChannel::memory);
-    for (std::string path = receive(CheckChannel::socket); !path.empty();
-         path = receive(CheckChannel::socket)) {
-        std::string answer(1, CheckChannel::verdict);
-        CheckedReading::run(limits, [&] {
-            ImageSize size;
-            const auto room = [&](const ImageSize& needed) {
-                size = needed;
-                return memory.grow(size.bytes());
-            };
-            if (ImageDecoder::decode(path, limits, room))
-                answer = CheckChannel::image + size.words();
-        });
-        sendPacket(CheckChannel::socket, answer);
     }
 }
 
@@ -201,17 +144,13 @@ void serveImages(const ReadLimits& limits)
 
 int main(int argc, char** argv)
 {
-    constexpr int wrongUse = 2;
-    const std::string reads = argc > 1 ? argv[1] : "";
-    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 2), argv + argc});
+    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 1), argv + argc});
     if (!limits)
-        return wrongUse;
-    // Interrupts at the terminal are for the host, whose end is ours.
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    std::signal(SIGINT, SIG_IGN);
-    std::signal(SIGPIPE, SIG_IGN);
-    if (reads == CheckChannel::images)
-        serveImages(*limits);
-    else if (reads != CheckChannel::scenes || !serveScenes(*limits))
-        return wrongUse;
+        return 2;
+    CheckChannel::belongToHost();
+    CoinLibrary::init();
+    CheckProgress progress(CheckChannel::memory);
+    if (progress.failed())
+        return 2;
+    serve(*limits, progress);
 }

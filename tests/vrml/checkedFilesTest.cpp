@@ -3,6 +3,7 @@
 
 #include "host/vrml/CheckedReading.h"
 #include "host/vrml/CoinLibrary.h"
+#include "host/vrml/LimitedRun.h"
 #include "host/vrml/SceneGuard.h"
 #include "tests/vrml/Gzip.h"
 #include "tests/vrml/SceneFiles.h"
@@ -75,7 +76,7 @@ std::string reasonAfterSleep(const std::string& path, const ReadLimits& limits, 
     }
     int status = 0;
     waitpid(process, &status, 0);
-    return status == 0 ? std::string() : CheckedReading::reasonOf(status, limits);
+    return status == 0 ? std::string() : LimitedRun::reasonOf(status, limits);
 }
 
 TEST_F(CheckedFilesTest, WaitingIsNotItsTimeUnlessItDoesNotEnd)

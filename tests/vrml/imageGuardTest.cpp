@@ -3,8 +3,6 @@
 
 #include "host/vrml/PixelMemory.h"
 #include "host/vrml/ReadLimits.h"
-#include "host/vrml/SceneGuard.h"
-#include "host/vrml/SceneReader.h"
 #include "tests/support/LogRecorder.h"
 #include "tests/vrml/SceneFiles.h"
 
@@ -15,13 +13,13 @@
 #include <QFile>
 #include <QImage>
 #include <QString>
-#include <QTest>
 
 #include <csignal>
 #include <filesystem>
 #include <optional>
 #include <vector>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -78,7 +76,7 @@ protected:
             QFile words("/proc/" + process + "/cmdline");
             if (status.open(QIODevice::ReadOnly) && words.open(QIODevice::ReadOnly) &&
                 status.readAll().contains("\nPPid:\t" + QByteArray::number(getpid()) + "\n") &&
-                words.readAll().contains(QByteArray("images")))
+                words.readAll().contains("image-reader"))
                 found.push_back(process.toInt());
         }
         return found;
@@ -105,8 +103,7 @@ protected:
 
 TEST_F(ImageGuardTest, ReadsImageAfterImageInOneProgram)
 {
-    ImageGuard guard(KT_SCENE_CHECK, {});
-    EXPECT_TRUE(programs().empty()) << "before there is an image";
+    ImageGuard guard(KT_IMAGE_READER, {});
     EXPECT_EQ(read(guard, saveRed("a.png")), red);
     const std::vector<pid_t> first = programs();
     EXPECT_EQ(first.size(), 1U);
@@ -125,18 +122,36 @@ TEST_F(ImageGuardTest, ReadsImageAfterImageInOneProgram)
 
 TEST_F(ImageGuardTest, WhatIsNoImageIsLeftToTheReaderToTellOf)
 {
-    ImageGuard guard(KT_SCENE_CHECK, {});
+    ImageGuard guard(KT_IMAGE_READER, {});
     EXPECT_EQ(read(guard, folder.path("none.png")), std::nullopt);
     EXPECT_EQ(read(guard, folder.write("text.png", "no image")), std::nullopt);
     EXPECT_EQ(read(guard, folder.write("empty.png", "")), std::nullopt);
     EXPECT_TRUE(log.lines().empty());
 }
 
+TEST_F(ImageGuardTest, HasHalfOfTheStackForEachImage)
+{
+    const auto stackOf = [](pid_t process) {
+        rlimit limit{};
+        EXPECT_EQ(prlimit(process, RLIMIT_STACK, nullptr, &limit), 0);
+        return limit.rlim_cur;
+    };
+    rlim_t ofHost = stackOf(getpid());
+    if (ofHost == RLIM_INFINITY)
+        ofHost = 8U << 20U;
+    ImageGuard guard(KT_IMAGE_READER, {});
+    const std::string path = saveRed("a.png");
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_EQ(read(guard, path), red);
+        EXPECT_EQ(stackOf(programs().front()), ofHost / 2) << i;
+    }
+}
+
 TEST_F(ImageGuardTest, KeepsToTheLimitsOfImages)
 {
     ReadLimits limits;
     limits.imagePixels = 1;
-    ImageGuard guard(KT_SCENE_CHECK, limits);
+    ImageGuard guard(KT_IMAGE_READER, limits);
     EXPECT_EQ(read(guard, saveRed("a.png")), std::nullopt);
 }
 
@@ -144,7 +159,7 @@ TEST_F(ImageGuardTest, GoesOnAfterAnImageThatItsDecoderDoesNotSurvive)
 {
     ReadLimits limits;
     limits.seconds = 0.1;
-    ImageGuard guard(KT_SCENE_CHECK, limits);
+    ImageGuard guard(KT_IMAGE_READER, limits);
     const std::string large = saveLarge("large.png");
     EXPECT_EQ(read(guard, large), std::nullopt);
     EXPECT_THAT(log.lines(),
@@ -155,7 +170,7 @@ TEST_F(ImageGuardTest, GoesOnAfterAnImageThatItsDecoderDoesNotSurvive)
 
 TEST_F(ImageGuardTest, StartsItsProgramAgain)
 {
-    ImageGuard guard(KT_SCENE_CHECK, {});
+    ImageGuard guard(KT_IMAGE_READER, {});
     const std::string path = saveRed("a.png");
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(read(guard, path), red) << i;
@@ -167,25 +182,10 @@ TEST_F(ImageGuardTest, StartsItsProgramAgain)
     }
 }
 
-TEST_F(ImageGuardTest, IsReadyOnceASceneSpeaksOfTextures)
-{
-    SceneGuard guard(KT_SCENE_CHECK, {});
-    EXPECT_TRUE(SceneReader::read(folder.writeScene("a.wrl", "Appearance {}"), {}, &guard));
-    EXPECT_TRUE(programs().empty());
-    EXPECT_TRUE(
-        SceneReader::read(folder.writeScene("b.wrl", "Appearance { texture ImageTexture {} }"), {}, &guard));
-    // It has no words for a moment.
-    EXPECT_TRUE(QTest::qWaitFor([] { return !programs().empty(); }));
-    const std::vector<pid_t> started = programs();
-    EXPECT_EQ(started.size(), 1U);
-    EXPECT_EQ(read(*guard.images(), saveRed("a.png")), red);
-    EXPECT_EQ(programs(), started);
-}
-
 TEST_F(ImageGuardTest, EndsItsProgram)
 {
     {
-        ImageGuard guard(KT_SCENE_CHECK, {});
+        ImageGuard guard(KT_IMAGE_READER, {});
         read(guard, saveRed("a.png"));
     }
     EXPECT_TRUE(programs().empty());
@@ -204,7 +204,7 @@ TEST_F(ImageGuardTest, SaysWhereItsProgramDoesNotRun)
 
 TEST_F(ImageGuardTest, BelievesOnlyWhatIsThere)
 {
-    ImageGuard guard(KT_LYING_CHECK, {});
+    ImageGuard guard(KT_LYING_READER, {});
     EXPECT_EQ(read(guard, "image"), std::nullopt);
     EXPECT_EQ(read(guard, "/ends/with/3"), std::nullopt);
     EXPECT_THAT(log.lines(), testing::ElementsAre("info: /ends/with/3: the image is left out: the reader "
@@ -213,7 +213,7 @@ TEST_F(ImageGuardTest, BelievesOnlyWhatIsThere)
 
 TEST_F(ImageGuardTest, GivesTheMemoryOfALargeImageBack)
 {
-    ImageGuard guard(KT_SCENE_CHECK, {});
+    ImageGuard guard(KT_IMAGE_READER, {});
     const std::string large = saveLarge("large.png");
     for (int i = 0; i < 2; ++i) {
         const std::optional<Pixels> pixels = read(guard, large);
@@ -227,7 +227,7 @@ TEST_F(ImageGuardTest, GivesTheMemoryOfALargeImageBack)
 
 TEST_F(ImageGuardTest, LooksUpFilesFromTheFolderOfTheHost)
 {
-    ImageGuard guard(KT_SCENE_CHECK, {});
+    ImageGuard guard(KT_IMAGE_READER, {});
     const std::string path = saveRed("a.png");
     ASSERT_EQ(read(guard, path), red);
     const std::filesystem::path before = std::filesystem::current_path();

@@ -1,0 +1,55 @@
+// kthost-image-reader: decodes images for ImageGuard, in a process that may fail.
+//   kthost-image-reader LIMIT...
+// with the words of ReadLimits.
+// CheckChannel says what it is connected with.
+#include "host/vrml/CheckChannel.h"
+#include "host/vrml/ImageDecoder.h"
+#include "host/vrml/LimitedRun.h"
+#include "host/vrml/PixelMemory.h"
+
+#include <QImageReader>
+
+#include <algorithm>
+#include <string>
+
+namespace
+{
+
+using namespace kthost;
+
+/// The answer for an image, whose pixels are then in the memory.
+std::string read(const std::string& path, const ReadLimits& limits, PixelMemory& memory)
+{
+    ImageSize size;
+    const auto room = [&](const ImageSize& needed) {
+        size = needed;
+        return memory.grow(size.bytes());
+    };
+    return ImageDecoder::decode(path, limits, room) ? CheckChannel::image + size.words()
+                                                    : std::string(1, CheckChannel::verdict);
+}
+
+/// In this very process: to fork one takes longer than most images do. The host starts another one after an
+/// image that ends it.
+void serve(const ReadLimits& limits)
+{
+    PixelMemory memory(CheckChannel::memory);
+    QImageReader::supportedImageFormats(); // looks for the decoders before there is an image
+    for (std::string path = CheckChannel::receive(CheckChannel::socket); !path.empty();
+         path = CheckChannel::receive(CheckChannel::socket)) {
+        std::string answer;
+        LimitedRun::run(limits, [&] { answer = read(path, limits, memory); });
+        CheckChannel::send(CheckChannel::socket, answer);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 1), argv + argc});
+    if (!limits)
+        return 2;
+    CheckChannel::belongToHost();
+    serve(*limits);
+}
