@@ -15,20 +15,20 @@
 #include <new>
 #include <sstream>
 
-// The sanitizer reserves terabytes of addresses, which no limit may keep it from. Its two compilers say it by
-// different words.
-#if defined(__SANITIZE_ADDRESS__)
-#define KT_SANITIZES_ADDRESSES
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define KT_SANITIZES_ADDRESSES
-#endif
-#endif
-
 namespace kthost
 {
 namespace
 {
+
+// The sanitizer reserves terabytes of addresses, which no limit may keep it from. Its two compilers say it by
+// different words.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool isSanitized = true;
+#elif defined(__has_feature)
+constexpr bool isSanitized = __has_feature(address_sanitizer);
+#else
+constexpr bool isSanitized = false;
+#endif
 
 /// How a reading ended, as the exit status of its process; apart from those that others use.
 enum Ending { StackIsFull = 80, MemoryIsFull };
@@ -100,9 +100,8 @@ bool limitRoom(const ReadLimits& limits)
     stackBytes = safeStack();
     setLimit(RLIMIT_CORE, 0);
     setLimit(RLIMIT_STACK, stackBytes);
-#ifndef KT_SANITIZES_ADDRESSES
-    setLimit(RLIMIT_AS, static_cast<rlim_t>(limits.megabytes) << 20U);
-#endif
+    if (!isSanitized)
+        setLimit(RLIMIT_AS, static_cast<rlim_t>(limits.megabytes) << 20U);
     std::set_new_handler([] { _exit(MemoryIsFull); });
     return true;
 }
