@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <csignal>
 #include <random>
 
@@ -164,18 +165,23 @@ TEST_F(Signal, WhileASceneIsCheckedEndsTheCheckToo)
     HostProcess host({"--headless", write("endless.wrl", endlessScene())}, {{"KTHOST_READ_SECONDS", "100"}});
     host.run();
     ASSERT_TRUE(host.waitForStarted());
-    qint64 check = 0;
-    qint64 reader = 0;
+    QList<qint64> programs; // that check scenes and decode images
+    QList<qint64> readers;
     ASSERT_TRUE(comesTrue([&] {
-        check = childrenOf(host.processId()).value(0);
-        reader = check ? childrenOf(check).value(0) : 0;
-        return reader != 0;
+        programs = childrenOf(host.processId());
+        readers.clear();
+        for (const qint64 program : programs)
+            readers << childrenOf(program);
+        return programs.size() == 2 && readers.size() == 1;
     }));
 
     ::kill(static_cast<pid_t>(host.processId()), SIGTERM);
 
     EXPECT_EQ(host.result().signal, SIGTERM);
-    EXPECT_TRUE(comesTrue([&] { return !isAlive(check) && !isAlive(reader); }));
+    EXPECT_TRUE(comesTrue([&] {
+        const QList<qint64> all = programs + readers;
+        return std::none_of(all.begin(), all.end(), isAlive);
+    }));
 }
 
 TEST_F(Signal, WhileAScriptRunsEndsTheHost)
