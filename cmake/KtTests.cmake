@@ -15,7 +15,7 @@ function(kt_configure_test_code target)
     endif()
     if(KT_QUICK_TEST_BUILD OR CMAKE_UNITY_BUILD)
         # A fixture of an unnamed namespace is then no longer of the main file.
-        target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${target} PRIVATE GTest::gmock Qt5::Test Qt5::Widgets)

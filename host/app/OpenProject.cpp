@@ -29,14 +29,6 @@ bool areSame(const ktMessage::Attributes& a, const ktMessage::Attributes& b)
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame);
 }
 
-Project placed(const OpenProject::Copy& copy, const QString& file)
-{
-    Project project = copy.project;
-    project.scene = copy.scene.isEmpty() ? QString() : ScenePath::relative(file, copy.scene);
-    project.isSceneOutside = ScenePath::isOutside(project.scene);
-    return project;
-}
-
 void writeFile(const Project& project, const QString& file)
 {
     try {
@@ -96,10 +88,12 @@ ktMessage::Attributes OpenProject::persistent(bool warn) const
     return result;
 }
 
-OpenProject::Copy OpenProject::next(const QString& scene, int failedModules, bool warn) const
+Project OpenProject::next(const Copy& copy, const QString& file) const
 {
-    Copy next{_read, scene, failedModules};
-    next.project.attributes = persistent(warn);
+    Project next = _read;
+    next.attributes = copy.attributes;
+    next.scene = copy.scene.isEmpty() ? QString() : ScenePath::relative(file, copy.scene);
+    next.isSceneOutside = ScenePath::isOutside(next.scene);
     return next;
 }
 
@@ -107,7 +101,7 @@ OpenProject::Copy OpenProject::wouldSave(const QString& scene) const
 {
     const ProjectProbe probe;
     const int failed = tellModules(ProjectStep::Save);
-    return next(scene, failed, false);
+    return {scene, persistent(false), failed};
 }
 
 void OpenProject::settle(const QString& scene)
@@ -126,7 +120,7 @@ std::optional<OpenProject::Copy> OpenProject::unsaved(const QString& scene) cons
         return {}; // nothing was ever open
     Copy now = wouldSave(scene);
     if (now.scene == _settled->scene && now.failedModules == _settled->failedModules &&
-        areSame(now.project.attributes, _settled->project.attributes))
+        areSame(now.attributes, _settled->attributes))
         return {};
     return now;
 }
@@ -134,19 +128,18 @@ std::optional<OpenProject::Copy> OpenProject::unsaved(const QString& scene) cons
 int OpenProject::save(const QString& file, const QString& scene)
 {
     const int failed = tellModules(ProjectStep::Save);
-    Copy saved = next(scene, failed, true);
-    Project project = placed(saved, file);
+    Copy saved{scene, persistent(true), failed > 0 ? incomplete : 0};
+    Project project = next(saved, file);
     writeFile(project, file);
-    saved.failedModules = failed > 0 ? incomplete : 0;
     _settled = std::move(saved);
     _read = std::move(project);
     _file = file;
     return failed;
 }
 
-void OpenProject::write(const Copy& copy, const QString& file)
+void OpenProject::write(const Copy& copy, const QString& file) const
 {
-    writeFile(placed(copy, file), file);
+    writeFile(next(copy, file), file);
 }
 
 } // namespace kthost

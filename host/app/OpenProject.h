@@ -41,8 +41,8 @@ public:
     /// What a save would write.
     struct Copy
     {
-        Project project; ///< Without the scene, whose path depends on the file's place.
         QString scene;
+        ktMessage::Attributes attributes;
         int failedModules; ///< So many did not say what they keep; it has what the project had of them.
     };
 
@@ -50,15 +50,15 @@ public:
     std::optional<Copy> unsaved(const QString& scene) const;
 
     /// Throws HostError (BadFile) where the file cannot be written. The open project stays as it was.
-    static void write(const Copy& copy, const QString& file);
+    void write(const Copy& copy, const QString& file) const;
 
 private:
     /// The attributes of ktFileIO::getProject() that go into a file. Those of types that no file can hold are
     /// left as the file had them; `warn` says so in the log.
     ktMessage::Attributes persistent(bool warn) const;
 
-    /// What a save would write, once modules were asked; `warn` as above.
-    Copy next(const QString& scene, int failedModules, bool warn) const;
+    /// The copy in a file of that name, with what only the file knows.
+    Project next(const Copy& copy, const QString& file) const;
 
     /// Asks modules; all stays as it was.
     Copy wouldSave(const QString& scene) const;

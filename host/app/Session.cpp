@@ -226,7 +226,7 @@ Session::Rescued Session::rescue() const
     const std::optional<OpenProject::Copy> unsaved = _project.unsaved(_file);
     if (!unsaved)
         return {};
-    const auto write = [&](const QString& file) { OpenProject::write(*unsaved, file); };
+    const auto write = [&](const QString& file) { _project.write(*unsaved, file); };
     return {RescueFile::write(shown, write), unsaved->failedModules};
 }
 

@@ -11,7 +11,7 @@ namespace kthost
 struct CheckChannel
 {
     /// Of a scene: its number follows, a blank, and why it must not be read; nothing where it may. Of an
-    /// image: it is none.
+    /// image: why it is not read follows; nothing where it is none.
     static constexpr char verdict = '.';
     static constexpr char news = '+'; ///< The check is where the guard awaits it.
 
@@ -39,7 +39,8 @@ struct CheckChannel
     /// Waits for a packet; empty where nobody is there any more.
     static std::string receive(int socket);
 
-    /// At the beginning of a program: it ends with the host, and not before by what ends the host.
+    /// At the beginning of a program: it ends with the host; interrupts at the terminal are for the host
+    /// alone.
     static void belongToHost();
 };
 

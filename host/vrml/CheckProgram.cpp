@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <filesystem>
 #include <utility>
 
 namespace kthost
@@ -33,18 +34,21 @@ int spawn(const std::string& program, const std::vector<std::string>& told, int 
     for (const std::string& word : told)
         words.push_back(word.c_str());
     words.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
     // Out of the way of the program's own, which they may be in a host that was started without these.
     const int highSocket = fcntl(socket, F_DUPFD_CLOEXEC, firstHigh);
     const int highMemory = fcntl(memory, F_DUPFD_CLOEXEC, firstHigh);
-    posix_spawn_file_actions_adddup2(&actions, highSocket, CheckChannel::socket);
-    posix_spawn_file_actions_adddup2(&actions, highMemory, CheckChannel::memory);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    const int error = posix_spawn(&process, program.c_str(), &actions, nullptr,
-                                  const_cast<char* const*>(words.data()), environ);
-    posix_spawn_file_actions_destroy(&actions);
+    int error = highSocket < 0 || highMemory < 0 ? errno : 0;
+    if (error == 0) {
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, highSocket, CheckChannel::socket);
+        posix_spawn_file_actions_adddup2(&actions, highMemory, CheckChannel::memory);
+        posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        error = posix_spawn(&process, program.c_str(), &actions, nullptr,
+                            const_cast<char* const*>(words.data()), environ);
+        posix_spawn_file_actions_destroy(&actions);
+    }
     close(highSocket);
     close(highMemory);
     return error;
@@ -73,9 +77,10 @@ CheckProgram::~CheckProgram()
     stop();
 }
 
-std::string CheckProgram::notRunning(int error)
+std::string CheckProgram::notRunning(int error) const
 {
-    return std::string("the program that checks scene files does not run: ") + std::strerror(error);
+    return "the program " + std::filesystem::path(_program).filename().string() +
+           " does not run: " + std::strerror(error);
 }
 
 void CheckProgram::start(int memory)

@@ -36,7 +36,7 @@ public:
     const std::string& problem() const { return _problem; }
 
     /// The same for an error of the system.
-    static std::string notRunning(int error);
+    std::string notRunning(int error) const;
 
 private:
     std::string _program;

@@ -42,17 +42,26 @@ PixelLayout layoutOf(const QImage& image)
     return {QImage::Format_RGB888, 3};
 }
 
-QImage decoded(const std::string& bytes, std::size_t mostPixels)
+/// Of decoders, too, nobody says that it was the memory.
+bool hasMemoryFor(const QSize& size)
+{
+    return size.isEmpty() || !QImage(size, QImage::Format_RGBA8888).isNull();
+}
+
+ImageDecoder::Result decodeInto(QImage& image, const std::string& bytes, std::size_t mostPixels)
 {
     // Qt reads through a view of the bytes; they outlive it.
     QByteArray view = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
     QBuffer buffer(&view);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
-    if (isTooLarge(reader.size(), mostPixels))
-        return {};
-    QImage image = reader.read();
-    return isTooLarge(image.size(), mostPixels) ? QImage() : image;
+    const QSize size = reader.size();
+    if (isTooLarge(size, mostPixels))
+        return ImageDecoder::Result::NoImage;
+    image = reader.read();
+    if (image.isNull())
+        return hasMemoryFor(size) ? ImageDecoder::Result::NoImage : ImageDecoder::Result::NoMemory;
+    return isTooLarge(image.size(), mostPixels) ? ImageDecoder::Result::NoImage : ImageDecoder::Result::Read;
 }
 
 void copyRows(const QImage& picture, int components, unsigned char* row)
@@ -64,10 +73,14 @@ void copyRows(const QImage& picture, int components, unsigned char* row)
 
 } // namespace
 
+std::size_t ImageSize::pixels() const
+{
+    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
 std::size_t ImageSize::bytes() const
 {
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
-           static_cast<std::size_t>(components);
+    return pixels() * static_cast<std::size_t>(components);
 }
 
 std::string ImageSize::words() const
@@ -85,26 +98,26 @@ ImageSize ImageSize::fromWords(const std::string& words)
     return areRead && isSide(size.width) && isSide(size.height) && isPixel ? size : ImageSize();
 }
 
-bool ImageDecoder::decode(const std::string& path, const ReadLimits& limits, const Room& room)
+ImageDecoder::Result ImageDecoder::decode(const std::string& path, const ReadLimits& limits, const Room& room)
 {
     std::string ignored;
     std::optional<std::string> bytes = FileBytes::read(path, ignored, {limits.fileMegabytes, {}});
     if (!bytes || bytes->size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-        return false;
-    QImage picture = decoded(*bytes, limits.imagePixels);
+        return Result::NoImage;
+    QImage picture;
+    const Result result = decodeInto(picture, *bytes, limits.imagePixels);
     bytes.reset(); // there are enough copies without it
-    if (picture.isNull())
-        return false;
+    if (result != Result::Read)
+        return result;
 
     const PixelLayout layout = layoutOf(picture);
     picture = std::move(picture).convertToFormat(layout.format);
-    if (picture.isNull()) // there was no memory for it
-        return false;
-    unsigned char* const pixels = room({picture.width(), picture.height(), layout.components});
+    unsigned char* const pixels =
+        picture.isNull() ? nullptr : room({picture.width(), picture.height(), layout.components});
     if (!pixels)
-        return false;
+        return Result::NoMemory;
     copyRows(picture, layout.components, pixels);
-    return true;
+    return Result::Read;
 }
 
 } // namespace kthost

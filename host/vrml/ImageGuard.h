@@ -6,6 +6,7 @@
 #include "host/vrml/ReadLimits.h"
 
 #include <memory>
+#include <set>
 #include <string>
 
 namespace kthost
@@ -22,22 +23,27 @@ public:
     ImageGuard(const ImageGuard&) = delete;
     ImageGuard& operator=(const ImageGuard&) = delete;
 
-    /// As ImageDecoder::decode(). False, too, where the decoder does not survive the file; the log says so.
+    /// Another scene: images that ended the process may be tried again.
+    void startOver();
+
+    /// Whether ImageDecoder reads the image into `room`. False, too, where it does not survive the file,
+    /// where it did not before, or where other images of the scene ended it too often; the log says so.
     bool read(const std::string& path, const ImageDecoder::Room& room);
 
 private:
     void start();
     bool handOver(const std::string& path);
 
-    /// Waits for what becomes of the image: why it must not be read, or how large it is. No bytes for a file
+    /// Lets the program decode it: why that must not be or fails, or how large it is. No bytes for a file
     /// that is no image.
-    std::string verdict(ImageSize& size);
+    std::string decode(const std::string& path, ImageSize& size);
 
     bool copy(const ImageSize& size, const ImageDecoder::Room& room);
 
     ReadLimits _limits;
     std::unique_ptr<PixelMemory> _memory;
     CheckProgram _program;
+    std::set<std::string> _fatal; ///< Files of this scene that ended the program.
 };
 
 } // namespace kthost

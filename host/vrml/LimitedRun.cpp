@@ -140,7 +140,7 @@ std::string LimitedRun::reasonOf(int status, const ReadLimits& limits)
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGPROF)
         return "the reader takes longer than " + number(limits.seconds) + " s for it";
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
-        return "its check was not done after " + number(limits.clockSeconds()) + " s";
+        return "the reader is not done with it after " + number(limits.clockSeconds()) + " s";
     if (WIFEXITED(status) && WEXITSTATUS(status) == MemoryIsFull)
         return "the reader needs more than " + std::to_string(limits.megabytes) + " megabytes for it";
     if (WIFEXITED(status) && WEXITSTATUS(status) == StackIsFull)

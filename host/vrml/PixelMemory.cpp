@@ -1,5 +1,6 @@
 #include "host/vrml/PixelMemory.h"
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -7,21 +8,25 @@
 namespace kthost
 {
 
-PixelMemory::PixelMemory() : _descriptor(memfd_create("image", MFD_CLOEXEC)) {}
+PixelMemory::PixelMemory() : _descriptor(memfd_create("image", MFD_CLOEXEC | MFD_ALLOW_SEALING))
+{
+    if (!failed())
+        fcntl(_descriptor, F_ADD_SEALS, F_SEAL_SHRINK);
+}
 
 PixelMemory::PixelMemory(int descriptor) : _descriptor(descriptor) {}
 
 PixelMemory::~PixelMemory()
 {
     unmap();
-    if (_descriptor >= 0)
+    if (!failed())
         close(_descriptor);
 }
 
-bool PixelMemory::holds(std::size_t bytes) const
+std::size_t PixelMemory::size() const
 {
     struct stat memory = {};
-    return fstat(_descriptor, &memory) == 0 && static_cast<std::size_t>(memory.st_size) >= bytes;
+    return fstat(_descriptor, &memory) == 0 ? static_cast<std::size_t>(memory.st_size) : 0;
 }
 
 unsigned char* PixelMemory::map(std::size_t bytes)
@@ -47,21 +52,24 @@ void PixelMemory::unmap()
 
 unsigned char* PixelMemory::grow(std::size_t bytes)
 {
-    return holds(bytes) || ftruncate(_descriptor, static_cast<off_t>(bytes)) == 0 ? map(bytes) : nullptr;
+    const bool isLarge = size() >= bytes || ftruncate(_descriptor, static_cast<off_t>(bytes)) == 0;
+    return isLarge ? map(bytes) : nullptr;
 }
 
 const unsigned char* PixelMemory::view(std::size_t bytes)
 {
-    return holds(bytes) ? map(bytes) : nullptr;
+    return size() >= bytes ? map(bytes) : nullptr;
 }
 
-void PixelMemory::shrink()
+void PixelMemory::release()
 {
-    if (_mappedBytes <= kept)
+    const std::size_t bytes = size();
+    if (bytes <= kept)
         return;
     unmap();
     // Where that fails there is no harm but the memory's.
-    static_cast<void>(ftruncate(_descriptor, static_cast<off_t>(kept)) == 0);
+    static_cast<void>(fallocate(_descriptor, FALLOC_FL_PUNCH_HOLE | FALLOC_FL_KEEP_SIZE,
+                                static_cast<off_t>(kept), static_cast<off_t>(bytes - kept)) == 0);
 }
 
 } // namespace kthost

@@ -41,7 +41,7 @@ void SceneGuard::start()
     _program.stop();
     // Fresh memory, since a program that was killed may still have a process that writes to the old one.
     _progress = std::make_unique<CheckProgress>();
-    _problem = _progress->failed() ? CheckProgram::notRunning(errno) : std::string();
+    _problem = _progress->failed() ? _program.notRunning(errno) : std::string();
     if (_problem.empty()) {
         _program.start(_progress->descriptor());
         _problem = _program.problem();
@@ -66,7 +66,7 @@ void SceneGuard::check(const std::string& path)
     _found.clear();
     _verdict.clear();
     if (!_isChecking)
-        _verdict = _problem.empty() ? CheckProgram::notRunning(EPIPE) : _problem;
+        _verdict = _problem.empty() ? _program.notRunning(EPIPE) : _problem;
 }
 
 void SceneGuard::receive()

@@ -59,6 +59,8 @@ void TextureImages::setReading(const ReadLimits& limits, const std::shared_ptr<I
 {
     present = limits;
     presentGuard = guard;
+    if (guard)
+        guard->startOver();
 }
 
 void TextureImages::leaveOut()
@@ -81,7 +83,8 @@ bool TextureImages::read(const std::string& path, SbImage& image)
         return image.getValue(same, components);
     };
     const std::shared_ptr<ImageGuard> guard = presentGuard.lock();
-    return guard ? guard->read(path, room) : ImageDecoder::decode(path, present, room);
+    return guard ? guard->read(path, room)
+                 : ImageDecoder::decode(path, present, room) == ImageDecoder::Result::Read;
 }
 
 } // namespace kthost

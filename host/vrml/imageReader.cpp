@@ -7,7 +7,10 @@
 #include "host/vrml/LimitedRun.h"
 #include "host/vrml/PixelMemory.h"
 
+#include <QGuiApplication>
 #include <QImageReader>
+
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <string>
@@ -17,6 +20,16 @@ namespace
 
 using namespace kthost;
 
+/// Pixels are in memory that counts as a file, which the host's user may have limited.
+void allowLargeFiles()
+{
+    rlimit limit{};
+    if (getrlimit(RLIMIT_FSIZE, &limit) != 0)
+        return;
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
 /// The answer for an image, whose pixels are then in the memory.
 std::string read(const std::string& path, const ReadLimits& limits, PixelMemory& memory)
 {
@@ -25,8 +38,14 @@ std::string read(const std::string& path, const ReadLimits& limits, PixelMemory&
         size = needed;
         return memory.grow(size.bytes());
     };
-    return ImageDecoder::decode(path, limits, room) ? CheckChannel::image + size.words()
-                                                    : std::string(1, CheckChannel::verdict);
+    switch (ImageDecoder::decode(path, limits, room)) {
+    case ImageDecoder::Result::Read:
+        return CheckChannel::image + size.words();
+    case ImageDecoder::Result::NoMemory:
+        return CheckChannel::verdict + std::string("there is not enough memory for its pixels");
+    default:
+        return std::string(1, CheckChannel::verdict);
+    }
 }
 
 /// In this very process: to fork one takes longer than most images do. The host starts another one after an
@@ -51,5 +70,8 @@ int main(int argc, char** argv)
     if (!limits)
         return 2;
     CheckChannel::belongToHost();
+    allowLargeFiles();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv); // decoders that draw, texts above all, need one
     serve(*limits);
 }

@@ -17,6 +17,11 @@ expect_status 0
 grep -qE '^[1-9][0-9]* nodes, 2 called "Lamp"$' <<<"$out" || complain "expected the count of both nodes"
 grep -qE '^[1-9][0-9]* nodes, 0 called "Window"$' <<<"$out" || complain "expected that no node fits"
 
+# What the host reads files with came along.
+for program in kthost-scene-check kthost-image-reader; do
+    [ -x "$(find "$prefix" -name "$program")" ] || complain "expected $program among the installed files"
+done
+
 # Without it nobody knows the message.
 run "$prefix/bin/kthost" --headless "$tree/scene.wrl" --send nodeCount=Lamp
 grep -q 'called' <<<"$out" && complain "expected that the plug-in's message is the plug-in's"

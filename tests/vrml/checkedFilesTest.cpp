@@ -86,7 +86,7 @@ TEST_F(CheckedFilesTest, WaitingIsNotItsTimeUnlessItDoesNotEnd)
     limits.seconds = 0.5;
     EXPECT_EQ(reasonAfterSleep(path, limits, 1.0), "");
     limits.waitSeconds = 1.0;
-    EXPECT_EQ(reasonAfterSleep(path, limits, 100.0), "its check was not done after 1.5 s");
+    EXPECT_EQ(reasonAfterSleep(path, limits, 100.0), "the reader is not done with it after 1.5 s");
 }
 
 TEST_F(CheckedFilesTest, WhatChangesWhileItIsReadIsRefused)

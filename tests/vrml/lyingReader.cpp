@@ -3,6 +3,8 @@
 #include "host/vrml/CheckChannel.h"
 #include "host/vrml/ImageDecoder.h"
 
+#include <unistd.h>
+
 using kthost::CheckChannel;
 
 int main()
@@ -11,6 +13,8 @@ int main()
          path = CheckChannel::receive(CheckChannel::socket)) {
         if (path.back() >= '0' && path.back() <= '9')
             return path.back() - '0';
+        if (path.back() == '+' && ftruncate(CheckChannel::memory, 40000) != 0)
+            return 1;
         CheckChannel::send(CheckChannel::socket,
                            CheckChannel::image + kthost::ImageSize{100, 100, 4}.words());
     }

@@ -16,6 +16,7 @@
 #include <QImage>
 #include <QString>
 
+#include <filesystem>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -126,15 +127,14 @@ TEST_F(TextureImagesTest, LeavesThemToTheGuardWhileThereIsOne)
 
 TEST_F(TextureImagesTest, TheGuardOfASceneReadsItsImagesToo)
 {
-    QImage picture(8000, 8000, QImage::Format_Grayscale8);
-    picture.fill(77);
-    save("large.png", picture);
     const std::string scene =
-        folder.writeScene("scene.wrl", "Appearance { texture ImageTexture {\nurl \"large.png\" } }");
-    ReadLimits limits;
-    for (const auto& [seconds, warnings] : {std::pair{100.0, 0U}, {0.1, 1U}}) {
-        limits.seconds = seconds; // in which it can be decoded, or only the scene be checked
-        SceneGuard guard(KT_SCENE_CHECK, limits);
+        folder.writeScene("scene.wrl", "Appearance { texture ImageTexture {\nurl \"a.png\" } }");
+    save("a.png", QImage(3, 2, QImage::Format_RGB32));
+    std::filesystem::create_symlink(KT_SCENE_CHECK, folder.path("kthost-scene-check"));
+    std::filesystem::create_symlink(KT_LYING_READER, folder.path("kthost-image-reader"));
+    for (const auto& [program, warnings] :
+         {std::pair{std::string(KT_SCENE_CHECK), 0U}, {folder.path("kthost-scene-check"), 1U}}) {
+        SceneGuard guard(program, {});
         const SceneReading reading = SceneReader::read(scene, {}, &guard);
         ASSERT_TRUE(reading) << reading.error;
         EXPECT_EQ(reading.warnings.total(), warnings);
