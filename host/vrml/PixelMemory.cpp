@@ -52,7 +52,9 @@ void PixelMemory::unmap()
 
 unsigned char* PixelMemory::grow(std::size_t bytes)
 {
-    const bool isLarge = size() >= bytes || ftruncate(_descriptor, static_cast<off_t>(bytes)) == 0;
+    constexpr std::size_t step = std::size_t{1} << 20U; // of whole pages, which alone can be given back
+    const std::size_t whole = (bytes + step - 1) / step * step;
+    const bool isLarge = size() >= bytes || ftruncate(_descriptor, static_cast<off_t>(whole)) == 0;
     return isLarge ? map(bytes) : nullptr;
 }
 
