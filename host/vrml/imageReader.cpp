@@ -72,7 +72,7 @@ int main(int argc, char** argv)
     CheckChannel::belongToHost();
     allowLargeFiles();
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qunsetenv("QT_QPA_PLATFORMTHEME"); // of a desktop that is not looked at
+    qunsetenv("QT_QPA_PLATFORMTHEME");             // of a desktop that is not looked at
     const QGuiApplication application(argc, argv); // decoders that draw, texts above all, need one
     serve(*limits);
 }
