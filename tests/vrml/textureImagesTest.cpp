@@ -4,6 +4,7 @@
 #include "host/vrml/ReadLimits.h"
 #include "host/vrml/SceneGuard.h"
 
+#include "tests/support/LogRecorder.h"
 #include "tests/vrml/BuiltScene.h"
 #include "tests/vrml/SceneFiles.h"
 
@@ -123,6 +124,19 @@ TEST_F(TextureImagesTest, LeavesThemToTheGuardWhileThereIsOne)
     EXPECT_FALSE(TextureImages::read(path, image));
     broken.reset();
     EXPECT_TRUE(TextureImages::read(path, image));
+}
+
+TEST_F(TextureImagesTest, EachReadingTriesItsImagesAnew)
+{
+    const kt::test::LogRecorder log;
+    const auto guard = std::make_shared<ImageGuard>(KT_LYING_READER, ReadLimits());
+    for (int reading = 0; reading < 2; ++reading) {
+        TextureImages::setReading({}, guard);
+        EXPECT_FALSE(TextureImages::read("3", image));
+    }
+    TextureImages::setReading({}, nullptr);
+    const std::string fatal = "info: 3: the image is left out: the reader breaks down over it";
+    EXPECT_EQ(log.lines(), (std::vector<std::string>{fatal, fatal}));
 }
 
 TEST_F(TextureImagesTest, TheGuardOfASceneReadsItsImagesToo)
