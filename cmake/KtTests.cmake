@@ -21,8 +21,8 @@ function(kt_configure_test_code target)
     target_link_libraries(${target} PRIVATE GTest::gmock Qt5::Test Qt5::Widgets)
 endfunction()
 
-# The headers that nearly every test reads, compiled once for all of them, and the tests of a room several at a time:
-# half the time. Tests still name what they use: the preset "coverage" compiles each by itself.
+# The headers that nearly every test reads, compiled once for all of them, and the tests of a room several at a
+# time. Tests still name what they use: the preset "coverage" compiles each by itself.
 if(KT_QUICK_TEST_BUILD)
     add_library(ktTestHeaders OBJECT "${CMAKE_CURRENT_LIST_DIR}/../tests/support/precompiled.cpp")
     kt_configure_test_code(ktTestHeaders)

@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 #include <sys/types.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -28,12 +29,13 @@ std::string CheckChannel::receive(int socket)
     return packet;
 }
 
-void CheckChannel::belongToHost()
+std::optional<ReadLimits> CheckChannel::begin(int argc, char** argv)
 {
     // Interrupts at the terminal are for the host, whose end is ours.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     std::signal(SIGINT, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
+    return ReadLimits::fromWords({argv + std::min(argc, 1), argv + argc});
 }
 
 } // namespace kthost

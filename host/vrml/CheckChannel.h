@@ -1,5 +1,8 @@
 #pragma once
 
+#include "host/vrml/ReadLimits.h"
+
+#include <optional>
 #include <string>
 
 namespace kthost
@@ -39,9 +42,9 @@ struct CheckChannel
     /// Waits for a packet; empty where nobody is there any more.
     static std::string receive(int socket);
 
-    /// At the beginning of a program: it ends with the host; interrupts at the terminal are for the host
-    /// alone.
-    static void belongToHost();
+    /// At the beginning of a program: what its words say, null for wrong ones. From then on it ends with the
+    /// host, and interrupts at the terminal are for the host alone.
+    static std::optional<ReadLimits> begin(int argc, char** argv);
 };
 
 } // namespace kthost

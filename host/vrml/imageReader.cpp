@@ -12,7 +12,6 @@
 
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <string>
 
 namespace
@@ -66,10 +65,9 @@ void serve(const ReadLimits& limits)
 
 int main(int argc, char** argv)
 {
-    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 1), argv + argc});
+    const auto limits = CheckChannel::begin(argc, argv);
     if (!limits)
         return 2;
-    CheckChannel::belongToHost();
     allowLargeFiles();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");             // of a desktop that is not looked at

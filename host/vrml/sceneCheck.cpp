@@ -14,7 +14,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -144,10 +143,9 @@ void serve(const ReadLimits& limits, CheckProgress& progress)
 
 int main(int argc, char** argv)
 {
-    const auto limits = ReadLimits::fromWords({argv + std::min(argc, 1), argv + argc});
+    const auto limits = CheckChannel::begin(argc, argv);
     if (!limits)
         return 2;
-    CheckChannel::belongToHost();
     CoinLibrary::init();
     CheckProgress progress(CheckChannel::memory);
     if (progress.failed())

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QByteArray>
+
 #include <csignal>
 
 #include <sys/wait.h>
@@ -44,14 +46,24 @@ TEST_F(ImageGuardFault, TellsOfAnImageThatTakesTooMuchMemory)
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "the sanitizer's own memory cannot be limited";
 #endif
+    // The beginning of a PNG of 8000 by 8000 pixels with transparency: 256 megabytes, and nothing to fill
+    // them.
+    const QByteArray start =
+        QByteArray::fromHex("89504e470d0a1a0a0000000d4948445200001f4000001f40080600000006f1adf4"
+                            "000003e849444154789c6360a03d");
+    const std::string path = folder.write("start.png", start.toStdString());
+    ImageGuard unlimited(KT_IMAGE_READER, {});
+    EXPECT_EQ(read(unlimited, path), std::nullopt);
+    EXPECT_TRUE(log.lines().empty());
+
     ReadLimits limits;
-    limits.megabytes = 50; // less than the program itself has taken
+    limits.megabytes = 200;
     ImageGuard guard(KT_IMAGE_READER, limits);
-    EXPECT_EQ(read(guard, saveGrey("large.png", {5000, 5000})), std::nullopt);
+    EXPECT_EQ(read(guard, path), std::nullopt);
     ASSERT_EQ(log.lines().size(), 1U);
     EXPECT_THAT(log.lines()[0],
                 testing::AnyOf(testing::EndsWith("there is not enough memory for its pixels"),
-                               testing::EndsWith("the reader needs more than 50 megabytes for it")));
+                               testing::EndsWith("the reader needs more than 200 megabytes for it")));
 }
 
 TEST_F(ImageGuardFault, TheHostsLimitOnFilesIsNotOneOnPixels)
